@@ -1,0 +1,45 @@
+// The Events Log on disk: a text, one event a line, and beside it an index of 4-byte records, the 1-based byte offset
+// of each line.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "engine/state/Game.h"
+
+namespace rollwick {
+
+class EventsLog : public EventsLogSink {
+ public:
+  // The log at `path`; the index lies beside it with the ending ".ref". Nothing is opened before the first line.
+  explicit EventsLog(std::filesystem::path path) : path_(std::move(path)) {}
+  ~EventsLog() override;
+  EventsLog(const EventsLog&) = delete;
+  EventsLog& operator=(const EventsLog&) = delete;
+
+  const std::filesystem::path& Path() const { return path_; }
+  // Another log takes over; lines already written stay where they are.
+  void Reopen(std::filesystem::path path);
+
+  std::string Append(Game& g, std::string_view lines) override;
+  bool IsEmpty() override;
+  void Clear(Game& g) override;
+
+  // The last `count` lines, oldest first.
+  std::vector<std::string> LastLines(int count);
+
+ private:
+  std::string Open();
+  void Close();
+  std::string RebuildIndex();
+
+  std::filesystem::path path_;
+  int text_ = -1;   // file descriptors, open between lines
+  int index_ = -1;
+  std::uint64_t textLength_ = 0;
+  std::uint32_t lineCount_ = 0;
+};
+
+}  // namespace rollwick
