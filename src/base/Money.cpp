@@ -41,11 +41,17 @@ Money Product(Money a, Money b) {
   return Clamp(quotient);
 }
 
-Money Quotient(Money a, Money b) { return Money::FromDouble(a.ToDouble() / b.ToDouble()); }
+Money Quotient(Money a, Money b) {
+  return Money::FromDouble(a.ToDouble() / b.ToDouble());
+}
 
-Money SaturatingSum(Money a, Money b) { return Clamp(static_cast<Wide>(a.Units()) + b.Units()); }
+Money SaturatingSum(Money a, Money b) {
+  return Clamp(static_cast<Wide>(a.Units()) + b.Units());
+}
 
-Money WholeDollarsBelow(Money money) { return FloorToChips(money, Dollars(1)); }
+Money WholeDollarsBelow(Money money) {
+  return FloorToChips(money, Dollars(1));
+}
 
 Money FloorToChips(Money amount, Money chip) {
   std::int64_t rest = amount.Units() % chip.Units();

@@ -43,9 +43,13 @@ class Money {
 };
 
 // A whole number of dollars.
-constexpr Money Dollars(std::int64_t dollars) { return Money::FromUnits(dollars * Money::kUnitsPerDollar); }
+constexpr Money Dollars(std::int64_t dollars) {
+  return Money::FromUnits(dollars * Money::kUnitsPerDollar);
+}
 
-constexpr Money Abs(Money money) { return money < Money() ? -money : money; }
+constexpr Money Abs(Money money) {
+  return money < Money() ? -money : money;
+}
 
 // a times b, formed in 128 bits and rounded to four decimals, ties to even; beyond the range the nearest end.
 Money Product(Money a, Money b);
@@ -60,7 +64,9 @@ Money SaturatingSum(Money a, Money b);
 Money WholeDollarsBelow(Money money);
 
 // Whether `amount` is a whole number of `chip`. chip must not be 0.
-constexpr bool IsMultipleOf(Money amount, Money chip) { return amount.Units() % chip.Units() == 0; }
+constexpr bool IsMultipleOf(Money amount, Money chip) {
+  return amount.Units() % chip.Units() == 0;
+}
 
 // Int(amount / chip) * chip: the largest multiple of `chip` not above `amount`. chip must be above 0.
 Money FloorToChips(Money amount, Money chip);
@@ -68,8 +74,8 @@ Money FloorToChips(Money amount, Money chip);
 // "1234.5", "-3", "0": no grouping, no trailing zeros.
 std::string PlainText(Money money);
 
-// Reads plain decimal text ("12", "-3.5", ".25", "5."), at most four decimals. Nothing for any other text, for more
-// decimals than a Money holds and for amounts beyond its range.
+// Reads plain decimal text ("12", "-3.5", ".25", "5."), at most four decimals. Nothing for any other text,
+// for more decimals than a Money holds and for amounts beyond its range.
 std::optional<Money> ParseMoney(std::string_view text);
 
 }  // namespace rollwick

@@ -5,22 +5,44 @@
 
 namespace rollwick {
 
-// MT19937 (Matsumoto and Nishimura, 1998), seeded as its reference init_genrand, drawn a block of 624 words at a time.
+// MT19937 (Matsumoto and Nishimura, 1998), seeded as its reference init_genrand.
 void SeedMersenne(MersenneState& state, std::uint32_t seed);
-std::uint32_t NextWord(MersenneState& state);
-// A word over 2^32, in [0, 1).
-double NextUniform(MersenneState& state);
 
-// ran1 and ran2 of Numerical Recipes, first edition, with their tables and results in single precision. A negative
-// idum, or the first call ever, initialises; every call steps once and returns a value. Ran1 sets idum to 1 after an
-// initialisation, Ran2 leaves it. The caller has made sure that a seeding does not overflow (RanSeedLimit).
+// The seeding of the twister behind RNG #2: the multiples of an odd seed by powers of 69069, so that an even
+// seed and the odd one above it give the same stream.
+void SeedSecondMersenne(MersenneState& state, std::uint32_t seed);
+
+// Makes the next 624 words of the state. A state that was never seeded starts as if seeded with 5489.
+void RefillMersenne(MersenneState& state);
+
+// The next 32 random bits.
+inline std::uint32_t NextWord(MersenneState& state) {
+  if (state.next >= static_cast<std::int32_t>(state.words.size())) RefillMersenne(state);
+  std::uint32_t word = state.words[static_cast<std::size_t>(state.next++)];
+  word ^= word >> 11;
+  word ^= word << 7 & 0x9d2c5680U;
+  word ^= word << 15 & 0xefc60000U;
+  return word ^ word >> 18;
+}
+
+// floor(u * range), exactly, with u the next word over 2^32: 0..range - 1.
+inline std::int32_t NextBelow(MersenneState& state, std::uint32_t range) {
+  return static_cast<std::int32_t>(std::uint64_t{NextWord(state)} * range >> 32);
+}
+
+// ran1 and ran2 of Numerical Recipes, first edition, with their tables and results in single precision. A
+// negative idum, or the first call ever, initialises; every call steps once and returns a value. Ran1 sets
+// idum to 1 after an initialisation, Ran2 leaves it. The caller sees to it that idum is not below minus the
+// largest seed.
 float Ran1(Game& g, std::int32_t& idum);
 float Ran2(Game& g, std::int32_t& idum);
+
+// Above these the first congruential step of an initialisation overflows 32 bits.
 inline constexpr std::int32_t kRan1LargestSeed = 2'147'428'874;
 inline constexpr std::int32_t kRan2LargestSeed = 2'147'332'758;
 
-// The congruential generator on CurrentSeed, 1..range. Where the step overflows 32 bits CurrentSeed is divided by 100,
-// ties to even, and tried again.
+// The congruential generator on CurrentSeed, 1..range. Where the step overflows 32 bits CurrentSeed is
+// divided by 100, ties to even, and tried again.
 std::int32_t SeededRandomInt(DiceTables& g, std::int32_t range);
 
 }  // namespace rollwick

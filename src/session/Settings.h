@@ -1,5 +1,5 @@
-// Every setting of the table by its name in the code, changed with the same refusals and consequences as on the
-// screens.
+// Every setting of the table by its name in the code, changed with the same refusals and consequences as on
+// the screens.
 #pragma once
 
 #include <string>
@@ -15,8 +15,8 @@ enum class SettingGroup { Rules, Settings };
 using SettingValue = std::variant<bool, std::int32_t, Money>;
 
 struct SettingEntry {
-  std::string name;      // "MinPlacardBet", "AutoStopOn"
-  SettingGroup group;    // Rules: a field of TableRules
+  std::string name;    // "MinPlacardBet", "AutoStopOn"
+  SettingGroup group;  // Rules: a field of TableRules
   bool isArray = false;
   int firstIndex = 0;
   std::vector<SettingValue> values;  // one, or an array's entries from firstIndex on
@@ -25,8 +25,9 @@ struct SettingEntry {
 // All settings with their present values, in the order of the screens.
 std::vector<SettingEntry> ListSettings(const Game& g);
 
-// Sets `name` (with its index in brackets for an array) to `value` ("on"/"off" for flags). Empty when it was understood
-// (a refusal is told by a notice), else what is wrong with the words: unknown name, index out of range, no number.
+// Sets `name` (with its index in brackets for an array) to `value` ("on"/"off" for flags). Empty when it was
+// understood (a refusal is told by a notice), else what is wrong with the words: unknown name, index out of
+// range, no number.
 std::string ChangeSetting(Game& g, std::string_view name, std::string_view value);
 
 // A row of PayoffTable (bet 1..83) or, with `field`, of FieldPayoffTable (1..21). Empty or what is wrong.

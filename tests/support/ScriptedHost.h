@@ -13,9 +13,10 @@ namespace rollwick {
 class ScriptedHost : public Host {
  public:
   std::uint32_t clock = 123'456;
-  std::deque<Answer> answers;           // for questions; when they run out: No
-  std::deque<std::string> entries;      // for prompts; when they run out: the preset, a second time in a row: closed
-  std::deque<int> choices;              // for the Settle Bet dialog; when they run out: the remembered one
+  std::deque<Answer> answers;  // for questions; when they run out: No
+  std::deque<std::string>
+      entries;              // for prompts; when they run out: the preset, a second time in a row: closed
+  std::deque<int> choices;  // for the Settle Bet dialog; when they run out: the remembered one
   bool minimized = false;
 
   std::vector<Message> messages;
@@ -71,8 +72,8 @@ class MemoryLog : public EventsLogSink {
   void Clear(Game&) override { lines.clear(); }
 };
 
-// A house at its defaults with nobody's notices on: a bankroll of 500, no bet, a log in memory (off by default).
-// The game stands on the heap: its tables are too big for a stack of many of them.
+// A house at its defaults with nobody's notices on: a bankroll of 500, no bet, a log in memory (off by
+// default). The game stands on the heap: its tables are too big for a stack of many of them.
 struct TestTable {
   std::unique_ptr<Game> game = std::make_unique<Game>();
   Game& g = *game;

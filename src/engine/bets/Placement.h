@@ -5,17 +5,20 @@
 
 namespace rollwick {
 
-// Changes the amount on a bet or Chip-Stack by BetDelta as far as chips, rules, limits, proper payoffs and bankroll
-// allow; BetDeltaApplied tells what was done. Other slots are left alone. Keeps TotalBets, vigs and BetWorking.
+// Changes the amount on a bet or Chip-Stack by BetDelta as far as chips, rules, limits, proper payoffs and
+// bankroll allow; BetDeltaApplied tells what was done. Other slots are left alone. Keeps TotalBets, vigs and
+// BetWorking.
 void ChangeBet(Game& g, BetId bet);
 
-// The click: ChangeBet, then the odds that follow a line or Come bet by themselves. BetDeltaApplied is the bet's own.
+// The click: ChangeBet, then the odds that follow a line or Come bet by themselves. BetDeltaApplied is the
+// bet's own.
 void PlaceChips(Game& g, BetId bet);
 
 // Sets BetMax, the most that may stand on `bet` now.
 void MaxBetFor(Game& g, BetId bet);
 
-// Sets BetMax to the most odds behind `flat`; ratioA to ratioB is the odds payoff the right way up for taking odds.
+// Sets BetMax to the most odds behind `flat`; ratioA to ratioB is the odds payoff the right way up for taking
+// odds.
 void MaxOddsBetFor(Game& g, BetId bet, BetId flat, Money ratioA, Money ratioB);
 
 // Moves BetDeltaApplied, the change about to be made on `bet`, so that the bet pays whole chips.
@@ -36,8 +39,8 @@ void BuyBet(Game& g, BetId bet);
 void CallBet(Game& g, BetId bet, bool on);
 void CallAllBets(Game& g, bool on);
 
-// One step of the hot keys: the present amount plus or minus a unit, doubled or halved (a FormulaOperator), put up
-// afresh.
+// One step of the hot keys: the present amount plus or minus a unit, doubled or halved (a FormulaOperator),
+// put up afresh.
 void AdjustBet(Game& g, BetId bet, int choice);
 
 // Fits every bet on the table to proper payoffs anew, without notices: after the adjust mode was changed.

@@ -14,11 +14,16 @@ void ResolveBet(Game& g, int outcome, BetId bet);
 void SettleLostBet(Game& g);
 void SettleWonBet(Game& g, std::string_view caption = {});
 
-// The unit of `bet`: the largest chip times its Base that is below the amount and divides it; sets BetUnitAmount.
+// The unit of `bet`: the largest chip times its Base that is below the amount and divides it; sets
+// BetUnitAmount.
 void BetUnit(Game& g, BetId bet);
 
 // Sends a Come or Don't Come bet from its box to its number.
 void MoveComeBet(Game& g, BetId fromBox, BetId toNumber);
+
+// "Bet increased by: $...", against the amount at the throw, if the player wants to hear of changes. The
+// title is the bet's name behind the prefix.
+void TellBetChange(Game& g, BetId bet, const char* titlePrefix = "");
 
 // A formula's new amount put up in place of the bet.
 void ApplySameBetFormula(Game& g, int slot);

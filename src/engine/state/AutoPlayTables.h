@@ -74,8 +74,9 @@ struct AutoPlayTables {
   std::int32_t HandleLosingBets = LossTakeDown;
   std::array<std::int32_t, kFormulaCount> ModifyOperator{};  // FormulaOperator
   std::array<Money, kFormulaCount> ModifyAmount{};
-  std::array<std::int32_t, kFormulaCount> ModifyUnit{};  // 0 dollars, 1 percent, 2..6 units of the chip in slot 93 + it
-  std::int32_t LastWonChoice = 0;   // of the Settle Bet dialog, 0..6
+  std::array<std::int32_t, kFormulaCount>
+      ModifyUnit{};                // 0 dollars, 1 percent, 2..6 units of the chip in slot 93 + it
+  std::int32_t LastWonChoice = 0;  // of the Settle Bet dialog, 0..6
   std::int32_t LastLostChoice = 0;
 
   std::int32_t AutoAdjustBetAmounts = AdjustColor;
@@ -95,7 +96,7 @@ struct AutoPlayTables {
   std::array<bool, kAutoStopCount> AutoStopOn{};
   std::int32_t HyperThrottle = 0;  // 0..10; 0 is full speed
 
-  bool KeepRolling = false;       // cleared to end the run after the current roll
+  bool KeepRolling = false;  // cleared to end the run after the current roll
   bool RollInProgress = false;
   bool HyperDriveActive = false;
   bool ManualRollPending = false;  // the dice already lie as somebody put them

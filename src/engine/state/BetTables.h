@@ -9,8 +9,8 @@
 
 namespace rollwick {
 
-inline constexpr Money kBankLimit = Dollars(9'999'999);                              // in both directions
-inline constexpr Money kMaxChipStack = Money::FromUnits(999'999'999'999'999'999);    // and the same negated
+inline constexpr Money kBankLimit = Dollars(9'999'999);                            // in both directions
+inline constexpr Money kMaxChipStack = Money::FromUnits(999'999'999'999'999'999);  // and the same negated
 inline constexpr std::int32_t kMaxRollCount = 100'000'000;
 
 // BetWorking: whether a bet is in action. From 1 up it is.
@@ -18,7 +18,7 @@ enum Working : std::int32_t {
   CalledOff = -1,  // by the player's OFF button; survives the come-out reset
   Off = 0,         // by the come-out default: the roll leaves the bet alone
   On = 1,
-  CalledOn = 2,    // by the player's ON button; survives the come-out reset
+  CalledOn = 2,  // by the player's ON button; survives the come-out reset
 };
 
 // A bet pays Ratio to Base, net of the stake; IsToForm ("to" or "for") alters only how the payoff is written.
@@ -83,8 +83,8 @@ struct BetTables {
   std::array<Money, kSlotCount> BetAfterSettle{};  // as it stood at the end of the last roll
   std::array<Money, 47> BetContract{};             // bets 1..46: the established amount of contract bets
 
-  std::array<std::int32_t, kBetCount + 1> BetWorking{};             // Working
-  std::array<std::int32_t, kBetCount + 1> BetWorkingDefault{};      // 0 or 1: works on the come-out
+  std::array<std::int32_t, kBetCount + 1> BetWorking{};         // Working
+  std::array<std::int32_t, kBetCount + 1> BetWorkingDefault{};  // 0 or 1: works on the come-out
   std::array<std::int32_t, kBetCount + 1> BetWorkingAfterSettle{};
 
   // The vig of the amount now on each Lay bet 1..6 and Buy bet 37..42, rounded; 0 on all others.
@@ -93,18 +93,22 @@ struct BetTables {
 
   // Row 0 is a scratch row: the ratio ComputePayoff used last, which the texts read.
   std::array<PayoffRow, kBetCount + 1> PayoffTable{};
-  // By dice combination, smaller die first: 1 = 1-1, 2 = 1-2, 3 = 1-3, 4 = 2-2 ... 21 = 6-6. Index 0 for a face of 7.
+  // By dice combination, smaller die first: 1 = 1-1, 2 = 1-2, 3 = 1-3, 4 = 2-2 ... 21 = 6-6. Index 0 for a
+  // face of 7.
   std::array<PayoffRow, 22> FieldPayoffTable{};
 
   TableRules Rules;
 
-  // All bets, plus the vig amounts of a kind while that kind is charged on all bets. Kept by the changes, never summed.
+  // All bets, plus the vig amounts of a kind while that kind is charged on all bets. Kept by the changes,
+  // never summed.
   Money TotalBets;
   Money InvestedBankroll;
 
   std::int32_t Die1 = 3;
   std::int32_t Die2 = 4;
   std::int32_t DiceTotal = 7;
+  std::int32_t ManualDie1 = 1;  // what the manual pad holds for a roll with ManualRollPending
+  std::int32_t ManualDie2 = 1;
   std::int32_t PrevDie1 = 0;
   std::int32_t PrevDie2 = 0;
   std::int32_t Point = 0;            // 0 on the come-out
@@ -126,9 +130,13 @@ struct BetTables {
 };
 
 // The lowest chip, never 0.
-inline Money LowestChip(const BetTables& g) { return g.BetAmount[SlotChipDenom]; }
+inline Money LowestChip(const BetTables& g) {
+  return g.BetAmount[SlotChipDenom];
+}
 
-inline Money AvailableBankroll(const BetTables& g) { return g.BetAmount[SlotBankroll] - g.TotalBets; }
+inline Money AvailableBankroll(const BetTables& g) {
+  return g.BetAmount[SlotBankroll] - g.TotalBets;
+}
 
 // Place of the two dice in FieldPayoffTable; 0 when a face is outside 1..6.
 int FieldIndex(int die1, int die2);

@@ -30,8 +30,8 @@ struct MersenneState {
   std::int32_t next = 624;  // 624: the block is used up
 };
 
-// Single precision on purpose: all values stay below 2^24 and are exact, and the table is what the screens' streams
-// were always made of.
+// Single precision on purpose: all values stay below 2^24 and are exact, and the table is what the screens'
+// streams were always made of.
 struct Ran1State {
   bool initialised = false;
   float ix1 = 0, ix2 = 0, ix3 = 0;

@@ -18,12 +18,12 @@ struct GameTables : BetTables, AutoPlayTables, DiceTables, StatisticsTables, Opt
 static_assert(std::is_trivially_copyable_v<GameTables>);
 
 struct Game : GameTables {
-  Host* TheHost = nullptr;           // never null while a procedure runs
-  EventsLogSink* TheLog = nullptr;   // null: nothing is recorded
-  std::string PendingLogLines;       // whole lines not yet handed to TheLog
-  std::string BetMessage;            // collected by ChangeBet for one notice
-  std::string StopMessage;           // why the run stopped; empty if it stopped by itself
-  std::string LastStopMessage;       // the same of the last run, kept when StopMessage is emptied
+  Host* TheHost = nullptr;          // never null while a procedure runs
+  EventsLogSink* TheLog = nullptr;  // null: nothing is recorded
+  std::string PendingLogLines;      // whole lines not yet handed to TheLog
+  std::string BetMessage;           // collected by ChangeBet for one notice
+  std::string StopMessage;          // why the run stopped; empty if it stopped by itself
+  std::string LastStopMessage;      // the same of the last run, kept when StopMessage is emptied
   std::string LastErrorText;
   std::array<std::string, kChipStackCount> ChipStackName;  // given by scripts; empty: the stack's own name
 };
@@ -31,14 +31,15 @@ struct Game : GameTables {
 // Writes PayoffTable and FieldPayoffTable as the house opens with, and the line odds of a point that is on.
 void RestoreDefaultPayoffs(Game& g);
 
-// With a point on, copies its Come Odds row to the Pass Line Odds and its Don't Come Odds row to the Don't Pass Odds.
+// With a point on, copies its Come Odds row to the Pass Line Odds and its Don't Come Odds row to the Don't
+// Pass Odds.
 void SetLineOddsPayoffs(Game& g);
 
 // Which bets work on the come-out as the house opens with, applied at once.
 void SetDefaultWorking(Game& g);
 
-// Run when the point changes, or a default: a new point turns every bet that was off on; the come-out gives every bet
-// without a button its default.
+// Run when the point changes, or a default: a new point turns every bet that was off on; the come-out gives
+// every bet without a button its default.
 void ApplyComeOutWorking(Game& g);
 
 // A bet that went to zero: in action, on the come-out as its default says. Ids up to 83 only.
@@ -47,14 +48,16 @@ void ResetBetWorking(Game& g, BetId bet);
 // All defaults of a newly opened house: rules, payoffs, denominations, a bankroll of 500, an empty table.
 void SetStartUpDefaults(Game& g);
 
+inline constexpr std::string_view kNewShooterLine = "------New shooter coming out----------";
+
 // Appends one line to the Events Log. Callers look at RecordEventsActive and the matching switch themselves.
 void LogEvent(Game& g, std::string_view text);
 
 // Hands the pending lines to the log. A disk that refuses them turns the log off and says so.
 void FlushEventsLog(Game& g);
 
-// The tables that only follow from others, compared with what they follow from: TotalBets with its parts, vigs with
-// amounts. False when they differ (a bug, asserted after every roll in debug builds).
+// The tables that only follow from others, compared with what they follow from: TotalBets with its parts,
+// vigs with amounts. False when they differ (a bug, asserted after every roll in debug builds).
 bool TablesAgree(const Game& g);
 
 }  // namespace rollwick

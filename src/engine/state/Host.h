@@ -59,9 +59,9 @@ inline constexpr int kSettleChoices = 7;
 
 struct SettleQuestion {
   BetId bet = 0;
-  bool won = true;          // which column of choices applies
+  bool won = true;            // which column of choices applies
   bool mustComeDown = false;  // only choice 0 is live
-  int remembered = 0;       // the choice selected at opening, and taken when the dialog is just closed
+  int remembered = 0;         // the choice selected at opening, and taken when the dialog is just closed
   std::string caption;
   std::vector<SettleRow> rows;
   std::array<std::string, kSettleChoices> choices;
@@ -119,15 +119,15 @@ class EventsLogSink {
   virtual void Clear(Game& g) = 0;
 };
 
-// Shows a notice or a question and gives the answer. Notices are dropped and questions stop the run while the table is
-// minimised (the answer is then Cancel).
+// Shows a notice or a question and gives the answer. Notices are dropped and questions stop the run while the
+// table is minimised (the answer is then Cancel).
 Answer ShowMessage(Game& g, std::string_view text, std::string_view title, int flags = MessagePlain);
 
 // Yes or No.
 bool AskYesNo(Game& g, std::string_view text, std::string_view title);
 
-// Whether a notice of this class (a bit of NotifyFlags) is to be shown now: wanted by the player, and nobody is in
-// Hyper-Drive. The text of a notice is only made after this said yes.
+// Whether a notice of this class (a bit of NotifyFlags) is to be shown now: wanted by the player, and nobody
+// is in Hyper-Drive. The text of a notice is only made after this said yes.
 bool MayNotify(const Game& g, std::int32_t notifyBit);
 
 // A notice with the check box of its class. The caller has asked MayNotify.

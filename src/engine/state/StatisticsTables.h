@@ -37,8 +37,9 @@ enum BetStatField : int {
   kBetStatFieldCount,
 };
 
-using BetStatRow = std::array<Money, kBetStatFieldCount>;                    // counts are kept as Money too
-using BetStatTable = std::array<std::array<BetStatRow, 101>, kBetStatKindCount>;  // by kind, bet 0..100; 0 is a work row
+using BetStatRow = std::array<Money, kBetStatFieldCount>;  // counts are kept as Money too
+using BetStatTable =
+    std::array<std::array<BetStatRow, 101>, kBetStatKindCount>;  // by kind, bet 0..100; 0 is a work row
 
 enum HandStat : int {
   HandRolls,
@@ -70,7 +71,8 @@ struct StatisticsTables {
   std::array<std::int32_t, kRollEventCount> RollEventCount{};  // entry 0 is the roll count
   std::array<std::int32_t, kRollEventCount> RollsSinceEvent{};
   std::array<std::array<std::int32_t, kGapCount>, kRollEventCount> RollGapHistogram{};
-  // As the two above, but a script may zero one event. The "Before" tables hold them as they stood before the roll.
+  // As the two above, but a script may zero one event. The "Before" tables hold them as they stood before the
+  // roll.
   std::array<std::int32_t, kRollEventCount> TrackedEventCount{};
   std::array<std::int32_t, kRollEventCount> TrackedEventCountBefore{};
   std::array<std::int32_t, kRollEventCount> TrackedRollBase{};
@@ -87,15 +89,16 @@ struct StatisticsTables {
   Money BankrollHigh;
   Money BankrollLow;
   Money BankrollRollSum;  // of the bankroll after each roll; stays at the largest value it can hold
-  // 1..525 the current page, 526..1050 the page before; entry 0 the roll number (as Money) at which this page began.
+  // 1..525 the current page, 526..1050 the page before; entry 0 the roll number (as Money) at which this page
+  // began.
   std::array<Money, 2 * kGraphPage + 1> BankrollHistory{};
   std::int32_t BankrollHistoryCount = 0;  // points filled on the current page
   Money GraphHigh;
   Money GraphLow;
   Money GraphUnit = Dollars(1);
   Money GraphTop = Dollars(150);
-  std::int32_t GraphAdjustType = 1;        // 0 manual, 1 expanding scale, 2 snap-back scale
-  Money GraphManualUnit = Dollars(1);      // the last scale set by hand, for the snap-back
+  std::int32_t GraphAdjustType = 1;    // 0 manual, 1 expanding scale, 2 snap-back scale
+  Money GraphManualUnit = Dollars(1);  // the last scale set by hand, for the snap-back
   Money GraphManualTop = Dollars(150);
 
   Money RollsPerHour = Dollars(120);

@@ -1,0 +1,58 @@
+# What ./run and ./check share: the packages a build needs, and steps that are silent unless they fail.
+# Sourced by both, which have set `root`.
+
+build_packages=(g++ cmake ninja-build pkg-config libcli11-dev nlohmann-json3-dev libedit-dev libgtest-dev
+  libbenchmark-dev)
+
+if command -v ccache >/dev/null; then
+  export CMAKE_CXX_COMPILER_LAUNCHER=ccache
+fi
+
+say() { printf '%s\n' "$*" >&2; }
+
+# install_missing PACKAGE...: installs those that are not there, as root or through sudo.
+install_missing() {
+  local missing=() package
+  if ! command -v dpkg-query >/dev/null; then
+    say "This is no Debian: what is missing of $* has to be installed by hand."
+    return 0
+  fi
+  for package in "$@"; do
+    [ "$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null)" = installed ] || missing+=("$package")
+  done
+  [ ${#missing[@]} -gt 0 ] || return 0
+  local as_root=()
+  if [ "$(id -u)" -ne 0 ]; then
+    if ! command -v sudo >/dev/null; then
+      say "These packages are missing, and there is no sudo to install them with: ${missing[*]}"
+      return 1
+    fi
+    as_root=(sudo)
+  fi
+  say "Installing ${missing[*]}"
+  mkdir -p "$root/build"
+  quietly "$root/build/install.log" "${as_root[@]}" apt-get update &&
+    quietly "$root/build/install.log" "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+      apt-get install -y --no-install-recommends "${missing[@]}"
+}
+
+# quietly LOG COMMAND...: runs it with its output in LOG, which is shown when it fails.
+quietly() {
+  local log=$1 status=0
+  shift
+  "$@" >"$log" 2>&1 || status=$?
+  [ "$status" -eq 0 ] || { cat "$log" >&2; say "Failed: $* (the text above is also in $log)"; }
+  return "$status"
+}
+
+# build PRESET [TARGET...]: configures if that has not been done, and builds.
+build() {
+  local preset=$1 target targets=()
+  shift
+  for target in "$@"; do targets+=(--target "$target"); done
+  mkdir -p "$root/build"
+  if [ ! -e "$root/build/$preset/build.ninja" ]; then
+    (cd "$root" && quietly "$root/build/configure-$preset.log" cmake --preset "$preset") || return
+  fi
+  (cd "$root" && quietly "$root/build/build-$preset.log" cmake --build --preset "$preset" -j "$(nproc)" "${targets[@]}")
+}

@@ -1,0 +1,87 @@
+# Holds the sources to the layers: a file of a library includes headers of its own folder and of the libraries in its
+# USES, and nothing else of the house. Tests are free. The longest folder that fits a path decides its library.
+#   cmake -DLAYERS_FILE=layers.cmake -DSOURCE=src -P CheckLayers.cmake    the sources; layers.cmake sets LAYERS
+#   cmake -DSELF_CHECK=folder -P CheckLayers.cmake                        whether the check finds a made-up fault
+cmake_minimum_required(VERSION 3.25)
+
+# The entry "name=folder=use,use" of the library that `path` lies in, or an empty text.
+function(find_layer path layers out)
+  set(longest -1)
+  set(${out} "" PARENT_SCOPE)
+  foreach(layer IN LISTS layers)
+    string(REGEX REPLACE "^[^=]*=([^=]*)=.*$" "\\1" folder "${layer}")
+    string(FIND "${path}" "${folder}/" at)
+    string(LENGTH "${folder}" length)
+    if(at EQUAL 0 AND length GREATER longest)
+      set(longest ${length})
+      set(${out} "${layer}" PARENT_SCOPE)
+    endif()
+  endforeach()
+endfunction()
+
+# The faults of all sources below `source`, a line each.
+function(check_layers source layers out)
+  set(faults "")
+  file(GLOB_RECURSE files RELATIVE "${source}" "${source}/*.cpp" "${source}/*.h")
+  list(FILTER files EXCLUDE REGEX "(^|/)tests/")
+  foreach(file IN LISTS files)
+    find_layer("${file}" "${layers}" layer)
+    if(NOT layer)
+      list(APPEND faults "${file} lies in no library")
+      continue()
+    endif()
+    string(REGEX MATCH "^([^=]*)=[^=]*=(.*)$" whole "${layer}")
+    set(library "${CMAKE_MATCH_1}")
+    string(REPLACE "," ";" allowed "${CMAKE_MATCH_2}")
+    list(APPEND allowed "${library}")
+    file(STRINGS "${source}/${file}" lines REGEX "^[ \t]*#[ \t]*include[ \t]*[<\"]")
+    foreach(line IN LISTS lines)
+      string(REGEX REPLACE "^[^<\"]*[<\"]([^>\"]*).*$" "\\1" header "${line}")
+      find_layer("${header}" "${layers}" used)
+      string(REGEX REPLACE "=.*$" "" used "${used}")
+      if(header MATCHES "(^|/)\\.\\.?/")
+        list(APPEND faults "${file} includes ${header}: paths begin at src")
+      elseif(used AND NOT used IN_LIST allowed)
+        list(APPEND faults "${file} includes ${header}: ${library} may not use ${used}")
+      endif()
+    endforeach()
+  endforeach()
+  set(${out} "${faults}" PARENT_SCOPE)
+endfunction()
+
+# A made-up house of two floors with one row for each kind of include; exactly the wrong ones must be found.
+function(self_check folder)
+  file(REMOVE_RECURSE "${folder}")
+  file(WRITE "${folder}/low/Low.h" "#include <vector>\n#include \"high/roof/Roof.h\"\n")
+  file(WRITE "${folder}/high/High.cpp" "#include \"low/Low.h\"\n  # include <high/roof/Roof.h>\n#include \"../low/Low.h\"\n")
+  file(WRITE "${folder}/high/roof/Roof.h" "#include \"high/High.h\"\n#include \"low/Low.h\"\n")
+  file(WRITE "${folder}/low/tests/LowTest.cpp" "#include \"high/High.h\"\n")
+  file(WRITE "${folder}/attic/Attic.h" "")
+  check_layers("${folder}" "low=low=;high=high=low;roof=high/roof=high,low" faults)
+  file(REMOVE_RECURSE "${folder}")
+  list(SORT faults)
+  set(expected
+      "attic/Attic.h lies in no library"
+      "high/High.cpp includes ../low/Low.h: paths begin at src"
+      "high/High.cpp includes high/roof/Roof.h: high may not use roof"
+      "low/Low.h includes high/roof/Roof.h: low may not use roof")
+  if(NOT faults STREQUAL expected)
+    list(JOIN faults "\n  " faults)
+    message(FATAL_ERROR "The check of the layers found\n  ${faults}")
+  endif()
+endfunction()
+
+if(DEFINED SELF_CHECK)
+  self_check("${SELF_CHECK}")
+  return()
+endif()
+
+include("${LAYERS_FILE}")
+if(NOT LAYERS)
+  message(FATAL_ERROR "No libraries in ${LAYERS_FILE}")
+endif()
+check_layers("${SOURCE}" "${LAYERS}" faults)
+if(faults)
+  list(JOIN faults "\n  " faults)
+  message(FATAL_ERROR "Sources that break the layers:\n  ${faults}")
+endif()

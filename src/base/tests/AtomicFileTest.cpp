@@ -1,0 +1,93 @@
+// Saving a file whole, and what is left when the system refuses.
+#include "base/AtomicFile.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <fstream>
+#include <iterator>
+
+#include "support/TemporaryFolder.h"
+
+namespace rollwick {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string Content(const fs::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+std::ptrdiff_t FileCount(const fs::path& folder) {
+  return std::distance(fs::directory_iterator(folder), fs::directory_iterator());
+}
+
+TEST(SaveWhole, ReplacesTheFileAndLeavesNothingBeside) {
+  const TemporaryFolder folder;
+  const fs::path path = folder / "game.crp";
+  EXPECT_EQ(SaveWhole(path, std::string(100'000, 'x')), "");
+  EXPECT_EQ(SaveWhole(path, std::string_view("a\0b", 3)), "");
+  EXPECT_EQ(Content(path), std::string("a\0b", 3));
+  EXPECT_EQ(FileCount(folder.Path()), 1);
+}
+
+TEST(SaveWhole, KeepsTheFilesMode) {
+  const TemporaryFolder folder;
+  const fs::path path = folder / "game.crp";
+  ASSERT_EQ(SaveWhole(path, "old"), "");
+  ASSERT_EQ(chmod(path.c_str(), 0640), 0);
+  ASSERT_EQ(SaveWhole(path, "new"), "");
+  struct stat status = {};
+  ASSERT_EQ(stat(path.c_str(), &status), 0);
+  EXPECT_EQ(status.st_mode & 0777, 0640U);
+}
+
+TEST(SaveWhole, FollowsALink) {
+  const TemporaryFolder folder;
+  ASSERT_EQ(SaveWhole(folder / "real", "old"), "");
+  fs::create_symlink("real", folder / "link");
+  EXPECT_EQ(SaveWhole(folder / "link", "new"), "");
+  EXPECT_TRUE(fs::is_symlink(folder / "link"));
+  EXPECT_EQ(Content(folder / "real"), "new");
+}
+
+TEST(SaveWhole, SaysWhyItCannot) {
+  const TemporaryFolder folder;
+  ASSERT_EQ(SaveWhole(folder / "file", "kept"), "");
+  EXPECT_EQ(SaveWhole(folder / "no" / "game.crp", "x"), "No such file or directory, Error #2");
+  EXPECT_EQ(SaveWhole(folder / "file" / "game.crp", "x"), "Not a directory, Error #20");
+  EXPECT_EQ(SaveWhole(folder.Path(), "x"), "Is a directory, Error #21");
+  EXPECT_EQ(Content(folder / "file"), "kept");
+  EXPECT_EQ(FileCount(folder.Path()), 1);
+}
+
+TEST(SaveWhole, AFullDiskKeepsTheOldFile) {
+  const TemporaryFolder folder;
+  const fs::path path = folder / "game.crp";
+  ASSERT_EQ(SaveWhole(path, "kept"), "");
+  const FileSizeLimit limit(4096);
+  EXPECT_EQ(SaveWhole(path, std::string(10'000, 'x')), "File too large, Error #27");
+  EXPECT_EQ(Content(path), "kept");
+  EXPECT_EQ(FileCount(folder.Path()), 1);
+}
+
+TEST(SaveWhole, AFolderThatMayNotBeWrittenKeepsTheOldFile) {
+  const TemporaryFolder folder;
+  const fs::path path = folder / "game.crp";
+  ASSERT_EQ(SaveWhole(path, "kept"), "");
+  fs::permissions(folder.Path(), static_cast<fs::perms>(0555));
+  const uid_t user = geteuid();
+  if (user == 0) {  // root may write everywhere: become nobody for a moment
+    ASSERT_EQ(seteuid(65534), 0);
+  }
+  const std::string failure = SaveWhole(path, "new");
+  ASSERT_EQ(seteuid(user), 0);
+  fs::permissions(folder.Path(), fs::perms::owner_all);
+  EXPECT_EQ(failure, "Permission denied, Error #13");
+  EXPECT_EQ(Content(path), "kept");
+}
+
+}  // namespace
+}  // namespace rollwick

@@ -1,0 +1,142 @@
+// Answers in order, and runs that Ctrl-C can end.
+#include "console/ConsoleHost.h"
+
+#include <ostream>
+
+#include "base/FormatNumber.h"
+#include "console/Words.h"
+#include "engine/cycle/RollDice.h"
+#include "session/Nearest.h"
+
+namespace rollwick {
+namespace {
+
+std::string Seconds(double seconds) {
+  const auto whole = static_cast<std::int64_t>(seconds);
+  if (whole < 60) return std::to_string(whole) + " s";
+  return std::to_string(whole / 60) + " min " + std::to_string(whole % 60) + " s";
+}
+
+std::string Join(const std::vector<SettleRow>& rows) {
+  std::string text;
+  for (const SettleRow& row : rows) text += (text.empty() ? "" : "\r") + row.label + " " + row.amount;
+  return text;
+}
+
+}  // namespace
+
+void ConsoleHost::ForgetWhatWasSaid() {
+  notices.clear();
+  questions.clear();
+}
+
+void ConsoleHost::Roll(Game& g, std::int32_t rolls) {
+  StartProgress(g, rolls);
+  rollsWanted_ = rolls;
+  if (g.AutoRoll && g.AutoRollsLeft == 0) g.AutoRollsLeft = g.AutoRollsSet;
+  while (rollsWanted_ > 0 && !WasInterrupted()) {
+    const std::int32_t wantedBefore = rollsWanted_;
+    g.KeepRolling = true;
+    RollDice(g);
+    if (!g.KeepRolling) break;
+    if (rollsWanted_ == wantedBefore) --rollsWanted_;  // a roll without a wait behind it: auto-roll is off
+    PumpEvents(g);
+  }
+  rollsWanted_ = 0;
+  g.KeepRolling = false;
+  EndProgress();
+}
+
+std::int32_t ConsoleHost::HyperDrive(Game& g, std::int32_t rolls) {
+  StartProgress(g, rolls);
+  g.AutoRollsSet = g.AutoRollsLeft = rolls;
+  const std::int32_t before = g.RollCount();
+  ToggleHyperDrive(g);
+  g.KeepRolling = false;
+  EndProgress();
+  return g.RollCount() - before;
+}
+
+std::uint32_t ConsoleHost::Milliseconds(Game&) {
+  return static_cast<std::uint32_t>(
+      std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now().time_since_epoch()).count());
+}
+
+void ConsoleHost::PumpEvents(Game& g) {
+  if (WasInterrupted()) g.KeepRolling = false;
+  if (progress_ != nullptr) ShowProgress(g);
+}
+
+void ConsoleHost::Wait(Game& g, std::uint32_t) {
+  PumpEvents(g);
+  if (g.HyperDriveActive || rollsWanted_ == 0) return;
+  if (--rollsWanted_ == 0) g.KeepRolling = false;
+}
+
+std::optional<std::string> ConsoleHost::NextAnswer() {
+  if (answers.empty()) return {};
+  std::string answer = std::move(answers.front());
+  answers.pop_front();
+  return answer;
+}
+
+Answer ConsoleHost::Show(Game&, const Message& message) {
+  if ((message.flags & (MessageYes | MessageNo | MessageCancel)) == 0) {
+    notices.push_back(message);
+    return Answer::Ok;
+  }
+  const std::string given = NextAnswer().value_or("no");
+  const bool isYes = SameWord(given, "yes") && (message.flags & MessageYes) != 0;
+  const bool isCancel = SameWord(given, "cancel") && (message.flags & MessageCancel) != 0;
+  questions.push_back({message.title, message.text, isYes ? "yes" : isCancel ? "cancel" : "no"});
+  return isYes ? Answer::Yes : isCancel ? Answer::Cancel : Answer::No;
+}
+
+std::optional<std::string> ConsoleHost::Ask(Game&, const Prompt& prompt) {
+  std::optional<std::string> given = NextAnswer();
+  if (given) {
+    if (SameWord(*given, "cancel")) given.reset();
+  } else if (questions.empty() || questions.back().title != prompt.title) {
+    given = prompt.preset;
+  }
+  // An entry that was refused comes back at once; with no other answer to give the prompt is closed.
+  questions.push_back({prompt.title, prompt.text, given.value_or("cancel")});
+  return given;
+}
+
+SettleAnswer ConsoleHost::Settle(Game&, const SettleQuestion& question) {
+  const std::optional<std::string> given = NextAnswer();
+  const auto entered = given ? ParseWhole(*given, 0, kSettleChoices - 1) : std::nullopt;
+  const int choice = question.mustComeDown ? 0 : static_cast<int>(entered.value_or(question.remembered));
+  questions.push_back({question.caption, Join(question.rows), std::to_string(choice)});
+  return {choice, {}};
+}
+
+void ConsoleHost::StartProgress(const Game& g, std::int32_t rolls) {
+  progressRolls_ = rolls;
+  rollsAtStart_ = g.RollCount();
+  started_ = lastShown_ = Clock::now();
+}
+
+void ConsoleHost::ShowProgress(const Game& g) {
+  const auto now = Clock::now();
+  const double seconds = std::chrono::duration<double>(now - started_).count();
+  if (seconds < 1 || now - lastShown_ < std::chrono::milliseconds(250)) return;
+  lastShown_ = now;
+  const std::int32_t done = g.RollCount() - rollsAtStart_;
+  const double perSecond = done / seconds;
+  std::string line = FormatMoney(Dollars(done)) + " rolls  " +
+                     FormatMoney(Dollars(static_cast<std::int64_t>(perSecond))) + " rolls/s  bankroll " +
+                     FormatMoney(g.BetAmount[SlotBankroll], "$");
+  if (progressRolls_ > done && perSecond >= 1)
+    line += "  " + Seconds((progressRolls_ - done) / perSecond) + " left";
+  *progress_ << "\r\x1b[K" << line << std::flush;
+  progressIsShown_ = true;
+}
+
+void ConsoleHost::EndProgress() {
+  if (progressIsShown_) *progress_ << "\r\x1b[K" << std::flush;
+  progressIsShown_ = false;
+}
+
+}  // namespace rollwick

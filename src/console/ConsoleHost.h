@@ -1,0 +1,67 @@
+// The world outside, as a terminal or another program is it: answers given beforehand, everything said kept
+// for the report, and an eye on Ctrl-C.
+#pragma once
+
+#include <atomic>
+#include <chrono>
+#include <deque>
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+#include "engine/state/Game.h"
+
+namespace rollwick {
+
+// A question or prompt and what was answered.
+struct AnsweredQuestion {
+  std::string title;
+  std::string text;
+  std::string answer;
+};
+
+class ConsoleHost : public Host {
+ public:
+  // `interrupted` is set by Ctrl-C. `progress` takes the progress line of long runs; null shows none.
+  ConsoleHost(const std::atomic<bool>& interrupted, std::ostream* progress)
+      : interrupted_(interrupted), progress_(progress) {}
+
+  std::deque<std::string> answers;  // to come
+  std::vector<Message> notices;     // of the present command
+  std::vector<AnsweredQuestion> questions;
+
+  void ForgetWhatWasSaid();
+  bool WasInterrupted() const { return interrupted_.load(std::memory_order_relaxed); }
+
+  // Rolls until `rolls` are made or KeepRolling is cleared.
+  void Roll(Game& g, std::int32_t rolls);
+  // Hyper-Drive until it ends by itself or by Ctrl-C. Returns the rolls made.
+  std::int32_t HyperDrive(Game& g, std::int32_t rolls);
+
+  std::uint32_t Milliseconds(Game& g) override;
+  void PumpEvents(Game& g) override;
+  // Between auto-rolls nobody needs time to look: a wait only counts the roll behind it.
+  void Wait(Game& g, std::uint32_t milliseconds) override;
+  Answer Show(Game& g, const Message& message) override;
+  std::optional<std::string> Ask(Game& g, const Prompt& prompt) override;
+  SettleAnswer Settle(Game& g, const SettleQuestion& question) override;
+
+ private:
+  using Clock = std::chrono::steady_clock;
+
+  std::optional<std::string> NextAnswer();
+  void StartProgress(const Game& g, std::int32_t rolls);
+  void ShowProgress(const Game& g);
+  void EndProgress();
+
+  const std::atomic<bool>& interrupted_;
+  std::ostream* progress_;
+  std::int32_t rollsWanted_ = 0;    // by Roll; 0 when nothing is counted
+  std::int32_t progressRolls_ = 0;  // of the run; 0 is no count
+  std::int32_t rollsAtStart_ = 0;
+  bool progressIsShown_ = false;
+  Clock::time_point started_;
+  Clock::time_point lastShown_;
+};
+
+}  // namespace rollwick

@@ -1,0 +1,198 @@
+// show: every table of the game by its names.
+#include <algorithm>
+#include <iterator>
+
+#include "console/PlayCommands.h"
+#include "console/Words.h"
+#include "session/Nearest.h"
+#include "session/Settings.h"
+
+namespace rollwick {
+namespace {
+
+Reply Shown(Json extra) {
+  Reply reply;
+  reply.extra = std::move(extra);
+  return reply;
+}
+
+Reply ShowTable(Table& table, Arguments) {
+  Reply reply;
+  reply.text = TableLine(table.g);
+  reply.showsTable = true;
+  return reply;
+}
+
+// An entry of a table that holds only a part of the slots; 0 beyond it.
+template <class Amounts>
+Money EntryOr0(const Amounts& amounts, BetId bet) {
+  const auto index = static_cast<std::size_t>(bet);
+  return index < amounts.size() ? amounts[index] : Money();
+}
+
+Json Results(const Game& g, BetStatKind kind, BetId bet) {
+  const auto row = [&](const BetStatTable& results) {
+    return MoneyList(results[kind][static_cast<std::size_t>(bet)]);
+  };
+  return {{"wagers", row(g.BetWagers)}, {"wins", row(g.BetWins)}, {"losses", row(g.BetLosses)}};
+}
+
+Reply ShowBet(Table& table, Arguments arguments) {
+  if (arguments.empty()) return Failure("show bet needs the name of a bet.");
+  const NamedSlot named = FindSlot(arguments[0], true);
+  if (!named.error.empty()) return Failure(named.error);
+  const Game& g = table.g;
+  const BetId bet = named.slot;
+  const auto slot = static_cast<std::size_t>(bet);
+  Json json;
+  json["id"] = bet;
+  json["name"] = BetName(bet);
+  json["amount"] = PlainText(g.BetAmount[slot]);
+  json["at_throw"] = PlainText(g.BetAtThrow[slot]);
+  json["after_settle"] = PlainText(g.BetAfterSettle[slot]);
+  json["contract"] = PlainText(EntryOr0(g.BetContract, bet));
+  json["working"] = g.BetWorking[slot];
+  json["streak"] = {g.BetStreak[slot][0], g.BetStreak[slot][1]};
+  json["vig"] = PlainText(EntryOr0(g.LayVigAmount, bet) + EntryOr0(g.BuyVigAmount, bet));
+  json["payoff"] = PayoffJson(g.PayoffTable[slot]);
+  json["actual"] = Results(g, ActualWagers, bet);
+  json["phantom"] = Results(g, PhantomWagers, bet);
+  return Shown({{"bet", json}});
+}
+
+Reply ShowSlots(Table& table, Arguments) {
+  const Game& g = table.g;
+  Json json;
+  json["BetAmount"] = MoneyList(g.BetAmount);
+  json["BetAtThrow"] = MoneyList(g.BetAtThrow);
+  json["BetAfterSettle"] = MoneyList(g.BetAfterSettle);
+  json["BetWorking"] = g.BetWorking;
+  json["BetContract"] = MoneyList(g.BetContract);
+  return Shown(json);
+}
+
+Reply ShowEvents(Table& table, Arguments) {
+  const Game& g = table.g;
+  Json json;
+  json["RollEventCount"] = g.RollEventCount;
+  json["RollsSinceEvent"] = g.RollsSinceEvent;
+  json["TrackedEventCount"] = g.TrackedEventCount;
+  json["TrackedEventCountBefore"] = g.TrackedEventCountBefore;
+  json["TrackedRollBase"] = g.TrackedRollBase;
+  json["TrackedRollBaseBefore"] = g.TrackedRollBaseBefore;
+  return Shown(json);
+}
+
+Reply ShowGaps(Table& table, Arguments arguments) {
+  const auto event = arguments.empty() ? std::nullopt : ParseWhole(arguments[0], 0, kRollEventCount - 1);
+  if (!event) return Failure("show gaps needs the number of a roll event, from 0 to 90.");
+  return Shown({{"RollGapHistogram", table.g.RollGapHistogram[static_cast<std::size_t>(*event)]}});
+}
+
+Reply ShowHand(Table& table, Arguments) {
+  return Shown({{"HandStats", table.g.HandStats}});
+}
+
+Reply ShowBankroll(Table& table, Arguments) {
+  const Game& g = table.g;
+  const auto filled = static_cast<std::size_t>(g.BankrollHistoryCount) + 1;
+  Json json;
+  json["BankrollHigh"] = PlainText(g.BankrollHigh);
+  json["BankrollLow"] = PlainText(g.BankrollLow);
+  json["BankrollRollSum"] = PlainText(g.BankrollRollSum);
+  json["BankrollHistory"] = MoneyList(std::span(g.BankrollHistory).first(filled));
+  json["GraphHigh"] = PlainText(g.GraphHigh);
+  json["GraphLow"] = PlainText(g.GraphLow);
+  json["GraphUnit"] = PlainText(g.GraphUnit);
+  json["GraphTop"] = PlainText(g.GraphTop);
+  return Shown(json);
+}
+
+Json ValueJson(const SettingValue& value) {
+  if (const Money* const amount = std::get_if<Money>(&value)) return PlainText(*amount);
+  if (const bool* const flag = std::get_if<bool>(&value)) return *flag;
+  return std::get<std::int32_t>(value);
+}
+
+Json GroupJson(const Game& g, SettingGroup group) {
+  Json json = Json::object();
+  for (const SettingEntry& entry : ListSettings(g)) {
+    if (entry.group != group) continue;
+    Json values = Json::array();
+    for (const SettingValue& value : entry.values) values.push_back(ValueJson(value));
+    json[entry.name] = entry.isArray ? values : values[0];
+  }
+  return json;
+}
+
+Reply ShowRules(Table& table, Arguments) {
+  return Shown({{"rules", GroupJson(table.g, SettingGroup::Rules)}});
+}
+Reply ShowSettings(Table& table, Arguments) {
+  return Shown({{"settings", GroupJson(table.g, SettingGroup::Settings)}});
+}
+
+Reply ShowPayoffs(Table& table, Arguments) {
+  Json bets = Json::array(), field = Json::array();
+  for (const PayoffRow& row : table.g.PayoffTable) bets.push_back(PayoffJson(row));
+  for (const PayoffRow& row : table.g.FieldPayoffTable) field.push_back(PayoffJson(row));
+  return Shown({{"payoffs", {{"PayoffTable", bets}, {"FieldPayoffTable", field}}}});
+}
+
+Reply ShowSeeds(Table& table, Arguments) {
+  const Game& g = table.g;
+  Json json;
+  json["RngChoice"] = g.RngChoice;
+  json["UserSeedMode"] = g.UserSeedMode;
+  json["ReseedNewGames"] = g.ReseedNewGames;
+  json["CurrentSeed"] = g.CurrentSeed;
+  json["LastSeed"] = g.LastSeed;
+  return Shown({{"seeds", json}});
+}
+
+Reply ShowLog(Table& table, Arguments arguments) {
+  constexpr std::int64_t kUsual = 20, kMost = 1'000'000;
+  const auto count = arguments.empty() ? kUsual : ParseWhole(arguments[0], 0, kMost);
+  if (!count) return Failure("show log takes a number of lines, from 0 to 1,000,000.");
+  FlushEventsLog(table.g);
+  Json lines = Json::array();
+  for (const std::string& line : table.log.LastLines(static_cast<int>(*count)))
+    lines.push_back(CleanUtf8(line));
+  return Shown({{"log", lines}});
+}
+
+struct ShowPage {
+  std::string_view name;
+  bool takesArgument;
+  Reply (*show)(Table& table, Arguments arguments);
+};
+constexpr ShowPage kPages[] = {
+    {"table", false, ShowTable},       {"bet", true, ShowBet},      {"slots", false, ShowSlots},
+    {"events", false, ShowEvents},     {"gaps", true, ShowGaps},    {"hand", false, ShowHand},
+    {"bankroll", false, ShowBankroll}, {"rules", false, ShowRules}, {"settings", false, ShowSettings},
+    {"payoffs", false, ShowPayoffs},   {"seeds", false, ShowSeeds}, {"log", true, ShowLog},
+};
+
+}  // namespace
+
+std::vector<std::string> ShowWords() {
+  std::vector<std::string> words;
+  for (const ShowPage& page : kPages) words.emplace_back(page.name);
+  return words;
+}
+
+Reply RunShow(Table& table, Arguments arguments) {
+  if (arguments.empty()) return ShowTable(table, {});
+  const auto page =
+      std::ranges::find_if(kPages, [&](const ShowPage& p) { return SameWord(p.name, arguments[0]); });
+  if (page == std::end(kPages)) {
+    return Failure("there is no \"" + Echo(arguments[0]) + "\" to show." +
+                   DidYouMean(arguments[0], ShowWords()));
+  }
+  if (arguments.size() > 1 && !page->takesArgument) {
+    return Failure("show " + std::string(page->name) + " takes no further words.");
+  }
+  return page->show(table, arguments.subspan(1));
+}
+
+}  // namespace rollwick

@@ -1,0 +1,131 @@
+// Keys of the table and its picture.
+#include "console/Report.h"
+
+#include <algorithm>
+
+#include "base/FormatNumber.h"
+#include "console/Words.h"
+
+namespace rollwick {
+namespace {
+
+std::string Padded(std::string text, std::size_t width) {
+  if (text.size() < width) text.append(width - text.size(), ' ');
+  return text;
+}
+
+std::string Mark(const Game& g, BetId bet) {
+  switch (g.BetWorking[static_cast<std::size_t>(bet)]) {
+    case CalledOff:
+      return "OFF (called)";
+    case Off:
+      return "off on the come-out";
+    case CalledOn:
+      return "ON (called)";
+    default:
+      return "working";
+  }
+}
+
+std::string Puck(const Game& g) {
+  return g.Point == 0 ? "OFF" : "ON " + std::to_string(g.Point);
+}
+
+std::string Dice(const Game& g) {
+  return std::to_string(g.Die1) + "-" + std::to_string(g.Die2) + " = " + std::to_string(g.DiceTotal);
+}
+
+// An amount as people read it; everything else as it is.
+std::string ValueForPeople(const Json& value) {
+  if (value.is_boolean()) return value.get<bool>() ? "on" : "off";
+  if (!value.is_string()) return value.dump();
+  const auto& text = value.get_ref<const std::string&>();
+  const auto amount = ParseMoney(text);
+  return amount ? FormatMoney(*amount) : text;
+}
+
+std::string ListForPeople(const Json& list) {
+  constexpr std::size_t kRow = 12;
+  std::string text;
+  for (std::size_t i = 0; i < list.size(); ++i) {
+    if (list.size() > kRow && i % kRow == 0) text += "\n    [" + std::to_string(i) + "]";
+    const Json& entry = list[i];
+    text += (text.empty() ? "" : " ") +
+            (entry.is_array() ? "(" + ListForPeople(entry) + ")" : ValueForPeople(entry));
+  }
+  return text;
+}
+
+}  // namespace
+
+Json PayoffJson(const PayoffRow& row) {
+  return Json::array({PlainText(row.Ratio), row.IsToForm, PlainText(row.Base)});
+}
+
+void AddTable(Json& object, const Game& g) {
+  object["roll"] = g.RollCount();
+  object["dice"] = {g.Die1, g.Die2};
+  object["total"] = g.DiceTotal;
+  object["point"] = g.Point;
+  object["bankroll"] = PlainText(g.BetAmount[SlotBankroll]);
+  object["invested"] = PlainText(g.InvestedBankroll);
+  object["total_bets"] = PlainText(g.TotalBets);
+  object["available"] = PlainText(AvailableBankroll(g));
+  Json bets = Json::object();
+  for (BetId bet = 1; bet <= kBetCount; ++bet) {
+    const Money amount = g.BetAmount[static_cast<std::size_t>(bet)];
+    if (amount != Money()) bets[BetName(bet)] = PlainText(amount);
+  }
+  object["bets"] = std::move(bets);
+  Json stacks = Json::object();
+  for (int stack = 0; stack < kChipStackCount; ++stack) {
+    const Money amount = g.BetAmount[static_cast<std::size_t>(SlotChipStack + stack)];
+    if (amount != Money()) stacks[std::to_string(stack)] = PlainText(amount);
+  }
+  if (!stacks.empty()) object["stacks"] = std::move(stacks);
+  object["stopped"] = g.LastStopMessage;
+}
+
+std::string TableLine(const Game& g) {
+  return "Roll " + std::to_string(g.RollCount()) + ": " + Dice(g) + ", point " + Puck(g) +
+         FormatMoney(g.BetAmount[SlotBankroll], ", bankroll $") +
+         FormatMoney(g.TotalBets, ", on the table $");
+}
+
+std::string TablePicture(const Game& g) {
+  constexpr std::size_t kNameWidth = 20;
+  std::string text = "+-- " + Padded("Point " + Puck(g), 12) + " -- Roll " + std::to_string(g.RollCount()) +
+                     " -- Dice " + Dice(g) + " --\n";
+  for (BetId slot = 1; slot < kSlotCount; ++slot) {
+    const Money amount = g.BetAmount[static_cast<std::size_t>(slot)];
+    if ((!IsBet(slot) && !IsChipStack(slot)) || amount == Money()) continue;
+    const std::string name = IsBet(slot) ? BetName(slot) : ChipStackTitle(slot);
+    text += "|  " + Padded(name, kNameWidth) + Padded(FormatMoney(amount, "$"), 12);
+    text += (IsBet(slot) ? Mark(g, slot) : "") + "\n";
+  }
+  return text + FormatMoney(g.BetAmount[SlotBankroll], "+-- Bankroll $") +
+         FormatMoney(g.TotalBets, ", on the table $") + FormatMoney(AvailableBankroll(g), ", available $");
+}
+
+std::string ForPeople(const Json& object) {
+  std::string text;
+  for (const auto& [key, value] : object.items()) {
+    if (!text.empty()) text += "\n";
+    if (value.is_object()) {
+      text += key + ":\n" + ForPeople(value);
+    } else if (key == "log") {
+      for (const Json& line : value) text += line.get<std::string>() + "\n";
+      if (text.ends_with('\n')) text.pop_back();
+    } else {
+      text += key + ": " + (value.is_array() ? ListForPeople(value) : ValueForPeople(value));
+    }
+  }
+  return text;
+}
+
+std::string WithNewLines(std::string text) {
+  std::ranges::replace(text, '\r', '\n');
+  return text;
+}
+
+}  // namespace rollwick

@@ -1,0 +1,73 @@
+// Opening the house for one command.
+#include "console/Table.h"
+
+#include <cstdlib>
+#include <system_error>
+
+#include "base/FormatNumber.h"
+#include "console/Words.h"
+#include "dice/Draw.h"
+#include "engine/cycle/RollDice.h"
+
+namespace rollwick {
+namespace {
+
+std::filesystem::path FolderIn(const char* variable) {
+  const char* const value = std::getenv(variable);
+  const std::filesystem::path path = value == nullptr ? "" : value;
+  return path.is_absolute() ? path : std::filesystem::path();  // a relative one is to be ignored
+}
+
+}  // namespace
+
+std::filesystem::path UserDataFolder() {
+  if (const auto data = FolderIn("XDG_DATA_HOME"); !data.empty()) return data / "rollwick";
+  if (const auto home = FolderIn("HOME"); !home.empty()) return home / ".local/share/rollwick";
+  return "rollwick";
+}
+
+std::string FolderMakingLog::Append(Game& events, std::string_view lines) {
+  std::error_code error;
+  if (Path().has_parent_path()) std::filesystem::create_directories(Path().parent_path(), error);
+  return EventsLog::Append(events, lines);  // which reports a folder that could not be made
+}
+
+Table::Table(const CommonOptions& options, const Terminal& terminal)
+    : game_(std::make_unique<Game>()),
+      g(*game_),
+      host(terminal.interrupted, terminal.showsProgress && !options.quiet ? &terminal.error : nullptr),
+      log((options.dataFolder.empty() ? UserDataFolder() : std::filesystem::path(options.dataFolder)) /
+          "Events Log.txt") {
+  g.TheHost = &host;
+  g.TheLog = &log;
+  StartUp(g);
+  g.RngChoice = options.rng - 1;
+  FallBackFromMissingGenerator(g);
+  if (!options.seed.empty()) error_ = SeedWith(g, options.seed);
+  host.ForgetWhatWasSaid();
+  host.answers.assign(options.answers.begin(), options.answers.end());
+}
+
+Table::~Table() {
+  FlushEventsLog(g);
+}
+
+std::string SeedWith(Game& g, std::string_view text) {
+  const std::int32_t limit = SeedLimit(g);
+  const auto seed = ParseWhole(text, 1, limit);
+  if (!seed)
+    return "a seed of RNG #" + std::to_string(g.RngChoice + 1) + " is a whole number from 1 to " +
+           FormatMoney(Dollars(limit)) + ".";
+  g.SeedRequest = Dollars(*seed);
+  switch (SeedGenerator(g, true)) {
+    case SeedResult::Seeded:
+      return {};
+    case SeedResult::OutOfLimits:
+      return "the seed is out of limits.";
+    case SeedResult::Overflow:
+      return "Overflow, Error #6";
+  }
+  return {};
+}
+
+}  // namespace rollwick

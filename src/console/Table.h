@@ -1,0 +1,48 @@
+// A game set up for a command: the tables, the world around them, the log.
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+
+#include "console/Console.h"
+#include "console/ConsoleHost.h"
+#include "stats/logs/EventsLog.h"
+
+namespace rollwick {
+
+// The folder of the user's games by the XDG rules.
+std::filesystem::path UserDataFolder();
+
+// An Events Log that makes its folder when the first line comes.
+class FolderMakingLog : public EventsLog {
+ public:
+  using EventsLog::EventsLog;
+  std::string Append(Game& g, std::string_view lines) override;
+};
+
+// A newly opened house with the generator and seed of the options.
+class Table {
+ public:
+  Table(const CommonOptions& options, const Terminal& terminal);
+  ~Table();
+  Table(const Table&) = delete;
+  Table& operator=(const Table&) = delete;
+
+  // What is wrong with the options, if anything.
+  const std::string& Error() const { return error_; }
+
+ private:
+  std::unique_ptr<Game> game_;  // on the heap: the tables are big
+  std::string error_;
+
+ public:
+  Game& g;
+  ConsoleHost host;
+  FolderMakingLog log;
+};
+
+// Seeds the selected generator with the number in `text`. Empty, or what is wrong.
+std::string SeedWith(Game& g, std::string_view text);
+
+}  // namespace rollwick

@@ -1,0 +1,121 @@
+// A bet is decided: what it wins or loses moves the bankroll, the counters and the log, and is then settled.
+#include <algorithm>
+#include <cstdlib>
+
+#include "engine/bets/Payoffs.h"
+#include "engine/bets/Placement.h"
+#include "engine/bets/Resolution.h"
+#include "stats/tally/Tally.h"
+
+namespace rollwick {
+
+namespace {
+
+void LogDecision(Game& g, BetId bet) {
+  if (!g.RecordEventsActive) return;
+  if (g.RecordBetsWon && g.PayoffNet > Money()) {
+    LogEvent(g, "      " + BetName(bet) + " bet won $" + PlainText(g.PayoffNet));
+  }
+  if (g.RecordBetsLost && g.PayoffNet < Money()) {
+    LogEvent(g, "      " + BetName(bet) + " bet lost $" + PlainText(-g.PayoffNet));
+  }
+}
+
+// Whether a decided bet leaves the table whatever the player chooses.
+bool ComesDown(const Game& g, BetId bet) {
+  if (bet == Bet::Come || bet == Bet::DontCome) return g.DiceTotal == 7;
+  if (bet == Bet::PassLineOdds || bet == Bet::DontPassOdds) return true;
+  if (IsDontComeNumber(bet) || IsDontComeOdds(bet)) return true;
+  if (IsComeNumber(bet)) return !g.Rules.AllowPutBets;
+  if (IsComeOdds(bet)) return g.BetAmount[FlatOf(bet)] == Money();
+  return false;
+}
+
+void CountStreak(std::int32_t& streak, bool won) {
+  if (won) {
+    streak = streak < 0 ? 1 : streak + 1;
+  } else {
+    streak = streak > 0 ? -1 : streak - 1;
+  }
+}
+
+void ResolveWorkingBet(Game& g, int outcome, BetId bet) {
+  ComputePayoff(g, false, bet, outcome, Dollars(1));
+  RecordBetDecision(g, PhantomWagers, bet, Dollars(1), g.PayoffExact);
+  const Money stake = g.BetAmount[bet];
+  if (stake == Money()) return;
+
+  ComputePayoff(g, true, bet, outcome, stake);
+  RecordBetDecision(g, ActualWagers, bet, stake, g.PayoffNet);
+  LogDecision(g, bet);
+  // A payoff row of zero makes the number a dead number for this bet.
+  if (g.PayoffTable[0].Ratio == Money() && g.PayoffNet == Money()) return;
+
+  g.BetAmount[SlotBankroll] += g.PayoffNet;
+  // What has been decided is no contract any more: the player may keep it, take it or change it.
+  if (bet <= Bet::DontPass) g.BetContract[bet] = Money();
+  g.BetMustComeDown = ComesDown(g, bet);
+  if (g.PayoffNet != Money()) CountStreak(g.BetStreak[bet][1], g.PayoffNet > Money());
+  if (g.PayoffNet < Money()) return SettleLostBet(g);
+  BetUnit(g, bet);
+  SettleWonBet(g, g.PayoffNet == Money() ? "Push" : "* * * Winner * * *");
+}
+
+// The flat bet was decided and its odds were not working: they go back to the player.
+void ReturnOdds(Game& g, BetId bet) {
+  g.PayoffNet = Money();
+  const bool lineOdds = bet == Bet::PassLineOdds || bet == Bet::DontPassOdds;
+  if (lineOdds || g.BetAmount[FlatOf(bet)] == Money() || !g.Rules.AllowPutBets) {
+    g.BetMustComeDown = true;
+  } else {
+    g.PayoffTable[0].Base = g.PayoffTable[bet].Base;
+    BetUnit(g, bet);
+  }
+  SettleWonBet(g, "Odds Bet Returned");
+  g.BetWorking[bet] = On;
+}
+
+}  // namespace
+
+void ResolveBet(Game& g, int outcome, BetId bet) {
+  g.CurrentBetId = bet;
+  g.BetMustComeDown = false;
+  if (g.BetWorking[bet] >= On) {
+    ResolveWorkingBet(g, outcome, bet);
+  } else if (std::abs(outcome) == OddsWin && g.BetAmount[bet] != Money()) {
+    ReturnOdds(g, bet);
+  }
+}
+
+void BetUnit(Game& g, BetId bet) {
+  const Money base = g.PayoffTable[bet].Base;
+  const Money amount = g.BetAmount[bet];
+  for (int slot = SlotChipDenom + kChipCount - 1; slot >= SlotChipDenom; --slot) {
+    g.BetUnitAmount = Product(base, g.BetAmount[slot]);
+    if (g.BetUnitAmount < amount && IsMultipleOf(amount, g.BetUnitAmount)) return;
+  }
+}
+
+void MoveComeBet(Game& g, BetId fromBox, BetId toNumber) {
+  const Money amount = g.BetAmount[fromBox];
+  if (amount == Money()) return;
+  g.BetDelta = -amount;
+  ChangeBet(g, fromBox);
+  if (!g.HyperDriveActive) g.TheHost->ChipsChanged(g, fromBox);
+  g.TravelPass = true;
+  g.BetDelta = amount;
+  PlaceChips(g, toNumber);
+  g.TravelPass = false;
+  g.BetContract[toNumber] = std::min(amount, g.BetAmount[toNumber]);
+  if (g.RecordEventsActive && g.RecordBetChanges) {
+    LogEvent(g, "      $" + PlainText(g.BetAtThrow[fromBox]) + " " + BetName(fromBox) + " bet moved to " +
+                    BetName(toNumber));
+  }
+  if (!IsComeNumber(toNumber) || !g.AutoRemovePlaceBets) return;
+  for (const BetId onNumber : {toNumber + 12, toNumber + 18}) {
+    g.BetDelta = -g.BetAmount[onNumber];
+    if (g.BetDelta != Money()) ChangeBet(g, onNumber);
+  }
+}
+
+}  // namespace rollwick

@@ -1,0 +1,214 @@
+// The roll: what happens in it, in the order it happens. Click, auto-roll and Hyper-Drive are this one
+// procedure.
+#include "engine/cycle/RollDice.h"
+
+#include <cassert>
+
+#include "dice/Draw.h"
+#include "engine/bets/Bankroll.h"
+#include "engine/bets/Placement.h"
+#include "engine/cycle/LogChanges.h"
+#include "engine/cycle/ResolveTotal.h"
+#include "stats/tally/Tally.h"
+
+namespace rollwick {
+
+namespace {
+
+constexpr std::int32_t kRollsPerPump = 512;  // a fraction of a millisecond at full speed
+constexpr std::size_t kLogLinesPerFlush = 1 << 16;
+
+bool RollLimitReached(Game& g) {
+  if (g.RollCount() < kMaxRollCount) return false;
+  g.KeepRolling = false;
+  const std::string limit = "100,000,000 rolls.\r\rSelect \"New\" from the \"Game\" menu to reset the table.";
+  if (g.HyperDriveActive) {
+    g.StopMessage = "Stopped due to reaching the maximum limit of " + limit;
+  } else {
+    ShowMessage(g, "Sorry ... you've reached the maximum limit of " + limit, "Reached Maximum Roll Limit");
+  }
+  return true;
+}
+
+// What later steps compare with: amounts, streaks, counters and contracts as they stand at the throw.
+void TakeThrowSnapshots(Game& g) {
+  g.BetAtThrow = g.BetAmount;
+  StartRollResults(g);
+  CountPrevRolls(g);
+  for (BetId bet = 1; bet <= Bet::DontPass; ++bet) g.BetContract[bet] = g.BetAmount[bet];
+  g.PointBeforeLast = g.PointBeforeRoll;
+  g.PointBeforeRoll = g.Point;
+  g.PrevDie1 = g.Die1;
+  g.PrevDie2 = g.Die2;
+}
+
+void ThrowDice(Game& g) {
+  if (g.ManualRollPending) {
+    g.ManualRollPending = false;
+    g.Die1 = g.ManualDie1;
+    g.Die2 = g.ManualDie2;
+    LogRoll(g, " from manual roll pad");
+    return;
+  }
+  DrawDice(g);
+  if (g.RecordEventsActive) LogRoll(g, " from RNG #" + std::to_string(g.RngChoice + 1));
+}
+
+void MovePoint(Game& g) {
+  const int total = g.DiceTotal;
+  if (total == 7) {
+    LogPoint(g, g.PointBeforeRoll == 0 ? "      Pass (natural)" : "      Miss (seven-out)");
+    g.Point = 0;
+  } else if ((total < 4 || total == 12) && g.Point == 0) {
+    LogPoint(g, "      Miss (craps natural)");
+  } else if (total >= 4 && total <= 10 && g.Point == 0) {
+    g.Point = total;
+    ++g.HandStats[PointsEstablished];
+    LogPoint(g, "      Point established");
+  } else if (total == g.Point) {
+    g.Point = 0;
+    LogPoint(g, "      Pass (point rolled)");
+  }
+}
+
+// A bet taken down by the dealer without a word to the player.
+void TakeDown(Game& g, BetId bet) {
+  g.BetDelta = -g.BetAmount[bet];
+  if (g.BetDelta == Money()) return;
+  ChangeBet(g, bet);
+  if (!g.HyperDriveActive) g.TheHost->ChipsChanged(g, bet);
+}
+
+void FollowThePoint(Game& g) {
+  if (g.Point == g.PointBeforeRoll) return;
+  ApplyComeOutWorking(g);
+  if (g.Point == 0) return;
+  SetLineOddsPayoffs(g);
+  const bool passLine = g.BetAmount[Bet::PassLine] != Money();
+  if (passLine && g.AutoTakeFullOdds) TakeFullOdds(g, Bet::PassLineOdds);
+  if (g.BetAmount[Bet::DontPass] != Money() && g.AutoLayFullOdds) TakeFullOdds(g, Bet::DontPassOdds);
+  if (passLine && g.AutoRemovePlaceBets) TakeDown(g, PlaceOn(g.Point));
+}
+
+void TakeEndSnapshots(Game& g) {
+  g.RollsSinceEvent[EventEveryRoll] = g.RollCount();
+  g.BetAfterSettle = g.BetAmount;
+  g.BetWorkingAfterSettle = g.BetWorking;
+}
+
+void CountAutoRoll(Game& g) {
+  if (g.AutoRollsLeft <= 0 || --g.AutoRollsLeft > 0) return;
+  g.KeepRolling = false;
+  if (g.HyperDriveActive && g.StopMessage.empty())
+    g.StopMessage = "Stopped by roll count on Auto-Play screen.";
+  g.AutoRollsLeft = g.AutoRollsSet;
+}
+
+// One roll from the player's last changes to the snapshots at its end. Nothing happens at the roll limit.
+void OneRoll(Game& g) {
+  FallBackFromMissingGenerator(g);
+  if (RollLimitReached(g)) return;
+  LogPlayerChanges(g);
+  TakeThrowSnapshots(g);
+
+  // Dice: from the pad's hand, from the file being played back, or from the generator, straight or through
+  // the probability matrix.
+  ThrowDice(g);
+  if (!g.HyperDriveActive) g.TheHost->AnimateDice(g);
+  g.DiceTotal = g.Die1 + g.Die2;
+  if (!g.HyperDriveActive) g.TheHost->Play(g, Sound::NumberCall);
+
+  MovePoint(g);
+  TallyRoll(g);
+  ResolvePointMade(g);
+  ResolveTotal(g);
+  ResolveOneRollBets(g);
+  FollowThePoint(g);
+  if (!g.HyperDriveActive) g.TheHost->TableChanged(g);
+
+  TallyBankroll(g);
+  if (IsBeyondBankLimit(g)) BankLimitStop(g);
+  LogRollResult(g);
+  AddBankrollPoint(g);
+
+  // The Auto-Bet script acts here, once in a roll: what it places is the player's change at the next one.
+
+  TakeEndSnapshots(g);
+  CountAutoRoll(g);
+  assert(TablesAgree(g));
+}
+
+void EndHyperDrive(Game& g) {
+  g.HyperDriveActive = false;
+  FlushEventsLog(g);
+  if (!g.StopMessage.empty()) ShowMessage(g, g.StopMessage, "Hyper-Drive Stopped");
+  g.TheHost->TableChanged(g);
+}
+
+void ServeEvents(Game& g) {
+  if (g.RollCount() % kRollsPerPump == 0) g.TheHost->PumpEvents(g);
+  if (g.PendingLogLines.size() >= kLogLinesPerFlush) FlushEventsLog(g);
+  if (g.HyperThrottle > 0) {
+    const auto throttle = static_cast<std::uint32_t>(g.HyperThrottle);
+    g.TheHost->Wait(g, throttle * throttle * 10);
+  }
+}
+
+// Whether another roll follows by itself: at once in Hyper-Drive, after the delay in auto-roll.
+bool RollsOn(Game& g) {
+  if (g.HyperDriveActive) {
+    ServeEvents(g);
+    if (g.KeepRolling) return true;
+    EndHyperDrive(g);
+    return false;
+  }
+  FlushEventsLog(g);
+  if (!g.AutoRoll || !g.KeepRolling) return false;
+  g.TheHost->Wait(g, static_cast<std::uint32_t>(g.AutoRollDelay) * 1000);
+  if (!g.KeepRolling) return false;
+  if (g.Point == 0) g.TheHost->Play(g, Sound::ComingOut);
+  return true;
+}
+
+bool MayRoll(Game& g) {
+  if (!g.TheHost->CommitTypedBet(g)) return false;
+  if (!IsBeyondBankLimit(g)) return true;
+  BankLimitStop(g);
+  return false;
+}
+
+}  // namespace
+
+void RollDice(Game& g) {
+  if (g.RollInProgress) return;
+  FallBackFromMissingGenerator(g);
+  if (!MayRoll(g)) {
+    g.KeepRolling = false;
+    return;
+  }
+  g.TableDirty = true;
+  g.StopMessage.clear();
+  g.RollInProgress = true;
+  do {
+    OneRoll(g);
+  } while (RollsOn(g));
+  g.LastStopMessage = g.StopMessage;
+  // Kept only while the table cannot show it.
+  if (!g.TheHost->IsMinimized()) g.StopMessage.clear();
+  if (g.Point == 0) g.TheHost->Play(g, Sound::ComingOut);
+  g.RollInProgress = false;
+}
+
+void ToggleHyperDrive(Game& g) {
+  if (g.KeepRolling) {
+    g.KeepRolling = false;
+    return;
+  }
+  if (g.RollInProgress) return;
+  if (IsBeyondBankLimit(g)) return BankLimitStop(g);
+  g.HyperDriveActive = g.KeepRolling = true;
+  RollDice(g);
+  g.HyperDriveActive = false;
+}
+
+}  // namespace rollwick

@@ -1,0 +1,61 @@
+// Edit distance between short words.
+#include "session/Nearest.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <utility>
+#include <vector>
+
+namespace rollwick {
+namespace {
+
+constexpr std::size_t kLongestWord = 60;
+
+char Lower(char letter) {
+  if (letter == '_') return ' ';
+  return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+}
+
+// Letters to add, drop or exchange to make `a` out of `b`.
+std::size_t Distance(std::string_view a, std::string_view b) {
+  std::vector<std::size_t> row(b.size() + 1);
+  for (std::size_t j = 0; j <= b.size(); ++j) row[j] = j;
+  for (std::size_t i = 1; i <= a.size(); ++i) {
+    std::size_t diagonal = row[0];
+    row[0] = i;
+    for (std::size_t j = 1; j <= b.size(); ++j) {
+      const std::size_t exchanged = diagonal + (Lower(a[i - 1]) == Lower(b[j - 1]) ? 0 : 1);
+      diagonal = row[j];
+      row[j] = std::min({row[j] + 1, row[j - 1] + 1, exchanged});
+    }
+  }
+  return row.back();
+}
+
+}  // namespace
+
+bool SameWord(std::string_view a, std::string_view b) {
+  return std::ranges::equal(a, b, [](char x, char y) { return Lower(x) == Lower(y); });
+}
+
+std::string DidYouMean(std::string_view word, std::span<const std::string> names) {
+  if (word.empty() || word.size() > kLongestWord) return {};
+  const std::size_t furthest = std::max<std::size_t>(1, word.size() / 3);
+  std::vector<std::pair<std::size_t, std::string_view>> near;
+  for (const std::string& name : names) {
+    const std::size_t distance = Distance(word, name);
+    if (distance <= furthest) near.emplace_back(distance, name);
+  }
+  std::ranges::stable_sort(near, {}, [](const auto& entry) { return entry.first; });
+  if (near.empty()) return {};
+
+  const std::size_t count = std::min<std::size_t>(near.size(), 3);
+  std::string text = " Did you mean ";
+  for (std::size_t i = 0; i < count; ++i) {
+    if (i > 0) text += i + 1 == count ? " or " : ", ";
+    text += near[i].second;
+  }
+  return text + "?";
+}
+
+}  // namespace rollwick

@@ -1,0 +1,17 @@
+// "Did you mean ...": the names nearest to a mistyped word.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace rollwick {
+
+// Whether two words are the same but for the case of ASCII letters.
+bool SameWord(std::string_view a, std::string_view b);
+
+// Up to three of `names` within a few slips of `word` (any case), nearest first, as " Did you mean A, B or
+// C?"; empty when none is near.
+std::string DidYouMean(std::string_view word, std::span<const std::string> names);
+
+}  // namespace rollwick

@@ -1,0 +1,87 @@
+// What every bet earned: the wagers really made and the phantom dollar on every spot.
+#include "stats/tally/Tally.h"
+
+namespace rollwick {
+
+namespace {
+
+void AddDecision(BetStatRow& row, Money amount) {
+  row[TotalCount] += Dollars(1);
+  row[TotalAmount] += amount;
+  if (amount > row[HighAmount]) row[HighAmount] = amount;
+  if (amount > Money() && (row[LowAmount] == Money() || amount < row[LowAmount])) row[LowAmount] = amount;
+  row[LastAmount] = row[LastRollAmount] = amount;
+  row[LastRollCount] = Dollars(1);
+}
+
+// What the decision adds to the wager: the vig, if this kind of vig is charged on this result.
+Money VigOnWager(const Game& g, BetStatKind kind, BetId bet, Money result) {
+  const bool won = result > Money();
+  if (IsLay(bet) && (won || g.Rules.LayVigOnAll)) {
+    return kind == ActualWagers ? g.LayVigAmount[bet] : PhantomLayVig(g, bet);
+  }
+  if (IsBuy(bet) && (won || g.Rules.BuyVigOnAll)) {
+    return kind == ActualWagers ? g.BuyVigAmount[bet] : g.Rules.BuyVigPct;
+  }
+  return {};
+}
+
+// A phantom bet on a number is there only after it has travelled; a house with put bets lets a Come bet start
+// there.
+bool PhantomIsAbsent(const Game& g, BetId bet) {
+  if (g.BetWagers[PhantomWagers][bet][InPlay] != Money()) return false;
+  if (IsDontComeNumber(bet) || IsDontComeOdds(bet)) return true;
+  return (IsComeNumber(bet) || IsComeOdds(bet)) && !g.Rules.AllowPutBets;
+}
+
+void ClearRollResult(BetStatTable& table, BetId bet) {
+  for (auto& kind : table) kind[bet][LastRollCount] = kind[bet][LastRollAmount] = Money();
+}
+
+void SetPhantomPresence(Game& g, int number, Money present) {
+  for (const BetId bet : {DontComeOn(number), DontComeOddsOn(number), ComeOn(number), ComeOddsOn(number)}) {
+    g.BetWagers[PhantomWagers][bet][InPlay] = present;
+  }
+}
+
+void AddRow(BetStatRow& sum, const BetStatRow& row) {
+  for (int field = 0; field < kBetStatFieldCount; ++field) sum[field] += row[field];
+}
+
+}  // namespace
+
+Money PhantomLayVig(const Game& g, BetId bet) {
+  const PayoffRow& row = g.PayoffTable[bet];
+  return Money::FromDouble(row.Ratio.ToDouble() / row.Base.ToDouble() * g.Rules.LayVigPct.ToDouble());
+}
+
+void RecordBetDecision(Game& g, BetStatKind kind, BetId bet, Money wager, Money result) {
+  if (result == Money()) return;
+  if (kind == PhantomWagers && PhantomIsAbsent(g, bet)) return;
+  AddDecision(g.BetWagers[kind][bet], wager + VigOnWager(g, kind, bet, result));
+  AddDecision(result > Money() ? g.BetWins[kind][bet] : g.BetLosses[kind][bet], Abs(result));
+}
+
+void StartRollResults(Game& g) {
+  for (BetId bet = 1; bet <= kBetCount; ++bet) {
+    g.BetStreak[bet][0] = g.BetStreak[bet][1];
+    ClearRollResult(g.BetWagers, bet);
+    ClearRollResult(g.BetWins, bet);
+    ClearRollResult(g.BetLosses, bet);
+  }
+  if (g.DiceTotal == 7) {
+    for (auto& row : g.BetWagers[PhantomWagers]) row[InPlay] = Money();
+  } else if (IsBoxNumber(g.DiceTotal)) {
+    SetPhantomPresence(g, g.DiceTotal, Dollars(g.PointBeforeRoll > 0 ? 1 : 0));
+  }
+}
+
+void SumBetResults(Game& g, bool clearFirst, BetId firstBet, BetId lastBet) {
+  for (BetStatTable* table : {&g.BetWagers, &g.BetWins, &g.BetLosses}) {
+    auto& rows = (*table)[ActualWagers];
+    if (clearFirst) rows[0] = {};
+    for (BetId bet = firstBet; bet <= lastBet; ++bet) AddRow(rows[0], rows[bet]);
+  }
+}
+
+}  // namespace rollwick
