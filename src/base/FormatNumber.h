@@ -9,9 +9,10 @@
 namespace rollwick {
 
 // `value` under `pattern`, a picture of up to three sections (positive; negative; zero) of the characters
-// 0 # . , % and literals, or the name "Standard". A value that rounds to zero under its section prints with the zero
-// section, or with the first if there is none. Rounds half away from zero: a Money exactly, a double by its 15
-// significant digits. The decimal point prints whenever the section has one and no 0 is put before it.
+// 0 # . , % and literals, or the name "Standard". A value that rounds to zero under its section prints with
+// the zero section, or with the first if there is none. Rounds half away from zero: a Money exactly, a double
+// by its 15 significant digits. The decimal point prints whenever the section has one and no 0 is put before
+// it.
 std::string FormatNumber(Money value, std::string_view pattern);
 std::string FormatNumber(double value, std::string_view pattern);
 

@@ -22,15 +22,21 @@ Money Clamp(Wide units) {
 }  // namespace
 
 Money Money::FromDouble(double dollars) {
+  const double exact = dollars * kUnitsPerDollar;
+  // Below 2^51 adding this rounds to a whole number, ties to even, without a call.
+  constexpr double kRounder = 6755399441055744.0;  // 1.5 times 2^52
+  if (std::fabs(exact) < 2251799813685248.0) {
+    return FromUnits(static_cast<std::int64_t>(exact + kRounder - kRounder));
+  }
   if (std::isnan(dollars)) return {};
-  const double units = std::nearbyint(dollars * kUnitsPerDollar);
+  const double units = std::nearbyint(exact);
   // 2^63 is exact in a double; what is below it fits.
   if (units >= 9223372036854775808.0) return FromUnits(kMost);
   if (units < -9223372036854775808.0) return FromUnits(kLeast);
   return FromUnits(static_cast<std::int64_t>(units));
 }
 
-Money Product(Money a, Money b) {
+Money RoundedProduct(Money a, Money b) {
   const Wide exact = static_cast<Wide>(a.Units()) * b.Units();
   Wide quotient = exact / Money::kUnitsPerDollar;
   const Wide rest = exact % Money::kUnitsPerDollar;
@@ -41,16 +47,8 @@ Money Product(Money a, Money b) {
   return Clamp(quotient);
 }
 
-Money Quotient(Money a, Money b) {
-  return Money::FromDouble(a.ToDouble() / b.ToDouble());
-}
-
 Money SaturatingSum(Money a, Money b) {
   return Clamp(static_cast<Wide>(a.Units()) + b.Units());
-}
-
-Money WholeDollarsBelow(Money money) {
-  return FloorToChips(money, Dollars(1));
 }
 
 Money FloorToChips(Money amount, Money chip) {

@@ -52,16 +52,29 @@ constexpr Money Abs(Money money) {
 }
 
 // a times b, formed in 128 bits and rounded to four decimals, ties to even; beyond the range the nearest end.
-Money Product(Money a, Money b);
+Money RoundedProduct(Money a, Money b);
+inline Money Product(Money a, Money b) {
+  // Whole dollars, as most factors are, leave nothing to round.
+  std::int64_t units = 0;
+  if (b.IsWhole() && !__builtin_mul_overflow(a.Units(), b.Units() / Money::kUnitsPerDollar, &units)) {
+    return Money::FromUnits(units);
+  }
+  return RoundedProduct(a, b);
+}
 
 // a over b, formed in double precision and rounded once, ties to even. b must not be 0.
-Money Quotient(Money a, Money b);
+inline Money Quotient(Money a, Money b) {
+  return b == Dollars(1) ? a : Money::FromDouble(a.ToDouble() / b.ToDouble());
+}
 
 // a plus b, held at the ends of the range instead of wrapping.
 Money SaturatingSum(Money a, Money b);
 
 // The largest whole dollar amount not above `money`.
-Money WholeDollarsBelow(Money money);
+constexpr Money WholeDollarsBelow(Money money) {
+  const std::int64_t rest = money.Units() % Money::kUnitsPerDollar;
+  return money - Money::FromUnits(rest < 0 ? rest + Money::kUnitsPerDollar : rest);
+}
 
 // Whether `amount` is a whole number of `chip`. chip must not be 0.
 constexpr bool IsMultipleOf(Money amount, Money chip) {

@@ -81,6 +81,9 @@ struct StatisticsTables {
   BetStatTable BetWagers{};
   BetStatTable BetWins{};
   BetStatTable BetLosses{};
+  // The bets with a result of the current roll, of either kind: the first DecidedCount entries.
+  std::array<BetId, 2 * (kBetCount + 1)> DecidedBets{};
+  std::int32_t DecidedCount = 0;
   // Runs of wins (above 0) or losses (below 0): column 0 as before the current roll, column 1 now.
   std::array<std::array<std::int32_t, 2>, 101> BetStreak{};
 

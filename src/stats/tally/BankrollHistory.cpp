@@ -85,6 +85,7 @@ void ResetStatistics(Game& g) {
   g.BetWagers = {};
   g.BetWins = {};
   g.BetLosses = {};
+  g.DecidedCount = 0;
   g.BetStreak = {};
   g.HandStats.fill(0);
   const Money bankroll = g.BetAmount[SlotBankroll];

@@ -34,8 +34,15 @@ bool PhantomIsAbsent(const Game& g, BetId bet) {
   return (IsComeNumber(bet) || IsComeOdds(bet)) && !g.Rules.AllowPutBets;
 }
 
-void ClearRollResult(BetStatTable& table, BetId bet) {
-  for (auto& kind : table) kind[bet][LastRollCount] = kind[bet][LastRollAmount] = Money();
+// The results of the last roll stand only in the rows of the bets it decided.
+void ClearRollResults(StatisticsTables& g) {
+  for (int i = 0; i < g.DecidedCount; ++i) {
+    for (BetStatTable* table : {&g.BetWagers, &g.BetWins, &g.BetLosses}) {
+      for (auto& kind : *table)
+        kind[g.DecidedBets[i]][LastRollCount] = kind[g.DecidedBets[i]][LastRollAmount] = Money();
+    }
+  }
+  g.DecidedCount = 0;
 }
 
 void SetPhantomPresence(Game& g, int number, Money present) {
@@ -58,6 +65,7 @@ Money PhantomLayVig(const Game& g, BetId bet) {
 void RecordBetDecision(Game& g, BetStatKind kind, BetId bet, Money wager, Money result) {
   if (result == Money()) return;
   if (kind == PhantomWagers && PhantomIsAbsent(g, bet)) return;
+  if (g.BetWagers[kind][bet][LastRollCount] == Money()) g.DecidedBets[g.DecidedCount++] = bet;
   AddDecision(g.BetWagers[kind][bet], wager + VigOnWager(g, kind, bet, result));
   AddDecision(result > Money() ? g.BetWins[kind][bet] : g.BetLosses[kind][bet], Abs(result));
 }
@@ -65,10 +73,8 @@ void RecordBetDecision(Game& g, BetStatKind kind, BetId bet, Money wager, Money 
 void StartRollResults(Game& g) {
   for (BetId bet = 1; bet <= kBetCount; ++bet) {
     g.BetStreak[bet][0] = g.BetStreak[bet][1];
-    ClearRollResult(g.BetWagers, bet);
-    ClearRollResult(g.BetWins, bet);
-    ClearRollResult(g.BetLosses, bet);
   }
+  ClearRollResults(g);
   if (g.DiceTotal == 7) {
     for (auto& row : g.BetWagers[PhantomWagers]) row[InPlay] = Money();
   } else if (IsBoxNumber(g.DiceTotal)) {

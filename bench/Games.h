@@ -1,0 +1,35 @@
+// Fixed games to measure and to compare: nobody looks, nothing is asked.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "engine/state/Game.h"
+
+namespace rollwick {
+
+// A world outside that is never asked anything.
+class SilentHost : public Host {
+ public:
+  std::uint32_t Milliseconds(Game&) override { return 1; }
+  Answer Show(Game&, const Message&) override { return Answer::No; }
+  std::optional<std::string> Ask(Game&, const Prompt&) override { return {}; }
+  SettleAnswer Settle(Game&, const SettleQuestion&) override { return {}; }
+};
+
+enum class Bettor {
+  PassLineOnly,  // one bet, always up
+  FiveBets,      // Pass Line, Field, Place 6, Place 8, Hard 8, always up
+};
+
+// A house at its defaults with RNG #1 seeded and the bettor's bets up for good: won or lost, each stays the same.
+std::unique_ptr<Game> OpenGame(SilentHost& host, Bettor bettor, std::int32_t seed);
+
+// Rolls that many times in Hyper-Drive; the roll count starts anew when it comes near its limit.
+void RollInHyperDrive(Game& g, std::int32_t rolls);
+
+// One number over fixed games with every generator and a bettor who bets at random: equal numbers mean equal games,
+// to the last counter.
+std::uint64_t Signature();
+
+}  // namespace rollwick
