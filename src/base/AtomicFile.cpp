@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstring>
 #include <system_error>
 
 namespace rollwick {
@@ -45,7 +46,9 @@ int SyncFolder(const std::filesystem::path& folder) {
 }  // namespace
 
 std::string SystemErrorText(int error) {
-  return std::generic_category().message(error) + ", Error #" + std::to_string(error);
+  // Not strerror: it speaks the user's language, and the rest of the table does not.
+  const char* const words = strerrordesc_np(error);
+  return (words == nullptr ? std::string("Unknown error") : words) + ", Error #" + std::to_string(error);
 }
 
 int WriteAll(int descriptor, std::string_view bytes) {

@@ -31,7 +31,7 @@ void ConsoleHost::ForgetWhatWasSaid() {
 }
 
 void ConsoleHost::Roll(Game& g, std::int32_t rolls) {
-  StartProgress(g, rolls);
+  StartRun(g, rolls);
   rollsWanted_ = rolls;
   if (g.AutoRoll && g.AutoRollsLeft == 0) g.AutoRollsLeft = g.AutoRollsSet;
   while (rollsWanted_ > 0 && !WasInterrupted()) {
@@ -44,16 +44,16 @@ void ConsoleHost::Roll(Game& g, std::int32_t rolls) {
   }
   rollsWanted_ = 0;
   g.KeepRolling = false;
-  EndProgress();
+  EndRun();
 }
 
 std::int32_t ConsoleHost::HyperDrive(Game& g, std::int32_t rolls) {
-  StartProgress(g, rolls);
+  StartRun(g, rolls);
   g.AutoRollsSet = g.AutoRollsLeft = rolls;
   const std::int32_t before = g.RollCount();
   ToggleHyperDrive(g);
   g.KeepRolling = false;
-  EndProgress();
+  EndRun();
   return g.RollCount() - before;
 }
 
@@ -112,7 +112,8 @@ SettleAnswer ConsoleHost::Settle(Game&, const SettleQuestion& question) {
   return {choice, {}};
 }
 
-void ConsoleHost::StartProgress(const Game& g, std::int32_t rolls) {
+void ConsoleHost::StartRun(Game& g, std::int32_t rolls) {
+  g.LastStopMessage.clear();  // of the run before: this one may be refused at its start
   progressRolls_ = rolls;
   rollsAtStart_ = g.RollCount();
   started_ = lastShown_ = Clock::now();
@@ -134,7 +135,7 @@ void ConsoleHost::ShowProgress(const Game& g) {
   progressIsShown_ = true;
 }
 
-void ConsoleHost::EndProgress() {
+void ConsoleHost::EndRun() {
   if (progressIsShown_) *progress_ << "\r\x1b[K" << std::flush;
   progressIsShown_ = false;
 }

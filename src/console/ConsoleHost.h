@@ -50,9 +50,9 @@ class ConsoleHost : public Host {
   using Clock = std::chrono::steady_clock;
 
   std::optional<std::string> NextAnswer();
-  void StartProgress(const Game& g, std::int32_t rolls);
+  void StartRun(Game& g, std::int32_t rolls);
   void ShowProgress(const Game& g);
-  void EndProgress();
+  void EndRun();
 
   const std::atomic<bool>& interrupted_;
   std::ostream* progress_;

@@ -56,7 +56,7 @@ void PrintForPeople(const Table& table, const Outcome& outcome, const Terminal& 
                                                                 : WithNewLines(reply.text))
                  << "\n";
   } else if (!reply.extra.empty()) {
-    terminal.out << ForPeople(reply.extra) << "\n";
+    if (const std::string text = ForPeople(reply.extra); !text.empty()) terminal.out << text << "\n";
   }
 }
 

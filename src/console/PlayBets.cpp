@@ -27,6 +27,14 @@ Reply Request(Table& table, BetId slot, Money change) {
   return reply;
 }
 
+// After a change of many bets people look at the table.
+Reply TableReply(const Table& table) {
+  Reply reply;
+  reply.text = TableLine(table.g);
+  reply.showsTable = true;
+  return reply;
+}
+
 }  // namespace
 
 std::vector<std::string> BetWords() {
@@ -64,7 +72,7 @@ Reply RunAdd(Table& table, Arguments arguments) {
 Reply RunRemove(Table& table, Arguments arguments) {
   if (SameWord(arguments[0], "all")) {
     RemoveAllBets(table.g);
-    return {};
+    return TableReply(table);
   }
   const NamedSlot named = FindSlot(arguments[0], false);
   if (!named.error.empty()) return Failure(named.error);
@@ -75,7 +83,7 @@ Reply RunBuy(Table& table, Arguments arguments) {
   const NamedSlot named = FindSlot(arguments[0], true);
   if (!named.error.empty()) return Failure(named.error);
   BuyBet(table.g, named.slot);
-  return {};
+  return TableReply(table);
 }
 
 Reply RunCall(Table& table, Arguments arguments) {
@@ -83,12 +91,12 @@ Reply RunCall(Table& table, Arguments arguments) {
   if (!isOn && !SameWord(arguments[1], "off")) return Failure("a bet is called on or off.");
   if (SameWord(arguments[0], "all")) {
     CallAllBets(table.g, isOn);
-    return {};
+    return TableReply(table);
   }
   const NamedSlot named = FindSlot(arguments[0], true);
   if (!named.error.empty()) return Failure(named.error);
   CallBet(table.g, named.slot, isOn);
-  return {};
+  return TableReply(table);
 }
 
 Reply RunOdds(Table& table, Arguments arguments) {
@@ -99,7 +107,7 @@ Reply RunOdds(Table& table, Arguments arguments) {
   } else {
     return Failure("odds are taken or laid: odds take, odds lay.");
   }
-  return {};
+  return TableReply(table);
 }
 
 }  // namespace rollwick

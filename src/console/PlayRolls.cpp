@@ -8,7 +8,8 @@ namespace {
 Reply Rolled(Table& table) {
   Reply reply;
   reply.text = TableLine(table.g);
-  if (!table.g.LastStopMessage.empty()) reply.text += "\n" + table.g.LastStopMessage;
+  if (!table.g.LastStopMessage.empty() && table.host.notices.empty())
+    reply.text += "\n" + table.g.LastStopMessage;
   reply.showsTable = true;
   return reply;
 }

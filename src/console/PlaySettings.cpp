@@ -32,7 +32,7 @@ Reply RestorePayoffs(Table& table) {
 Reply RunSet(Table& table, Arguments arguments) {
   if (std::string wrong = ChangeSetting(table.g, arguments[0], arguments[1]); !wrong.empty())
     return Failure(wrong);
-  return {};
+  return Done(arguments[0] + ": " + ValueForPeople(SettingJson(*ReadSetting(table.g, arguments[0]))));
 }
 
 Reply RunPayoff(Table& table, Arguments arguments) {
@@ -115,7 +115,7 @@ Reply RunLog(Table& table, Arguments arguments) {
 
 Reply RunAnswer(Table& table, Arguments arguments) {
   table.host.answers.push_back(arguments[0]);
-  return {};
+  return Done("Answers to come: " + std::to_string(table.host.answers.size()));
 }
 
 }  // namespace rollwick

@@ -108,18 +108,12 @@ Reply ShowBankroll(Table& table, Arguments) {
   return Shown(json);
 }
 
-Json ValueJson(const SettingValue& value) {
-  if (const Money* const amount = std::get_if<Money>(&value)) return PlainText(*amount);
-  if (const bool* const flag = std::get_if<bool>(&value)) return *flag;
-  return std::get<std::int32_t>(value);
-}
-
 Json GroupJson(const Game& g, SettingGroup group) {
   Json json = Json::object();
   for (const SettingEntry& entry : ListSettings(g)) {
     if (entry.group != group) continue;
     Json values = Json::array();
-    for (const SettingValue& value : entry.values) values.push_back(ValueJson(value));
+    for (const SettingValue& value : entry.values) values.push_back(SettingJson(value));
     json[entry.name] = entry.isArray ? values : values[0];
   }
   return json;

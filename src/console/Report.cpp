@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "base/FormatNumber.h"
-#include "console/Words.h"
+#include "engine/bets/Payoffs.h"
 
 namespace rollwick {
 namespace {
@@ -35,13 +35,13 @@ std::string Dice(const Game& g) {
   return std::to_string(g.Die1) + "-" + std::to_string(g.Die2) + " = " + std::to_string(g.DiceTotal);
 }
 
-// An amount as people read it; everything else as it is.
-std::string ValueForPeople(const Json& value) {
-  if (value.is_boolean()) return value.get<bool>() ? "on" : "off";
-  if (!value.is_string()) return value.dump();
-  const auto& text = value.get_ref<const std::string&>();
-  const auto amount = ParseMoney(text);
-  return amount ? FormatMoney(*amount) : text;
+// A row as PayoffJson writes it.
+bool IsPayoff(const Json& value) {
+  return value.is_array() && value.size() == 3 && value[1].is_boolean();
+}
+std::string PayoffForPeople(const Json& row) {
+  const auto amount = [](const Json& text) { return ParseMoney(text.get<std::string>()).value_or(Money()); };
+  return RatioText({amount(row[0]), row[1].get<bool>(), amount(row[2])});
 }
 
 std::string ListForPeople(const Json& list) {
@@ -50,8 +50,7 @@ std::string ListForPeople(const Json& list) {
   for (std::size_t i = 0; i < list.size(); ++i) {
     if (list.size() > kRow && i % kRow == 0) text += "\n    [" + std::to_string(i) + "]";
     const Json& entry = list[i];
-    text += (text.empty() ? "" : " ") +
-            (entry.is_array() ? "(" + ListForPeople(entry) + ")" : ValueForPeople(entry));
+    text += (text.empty() ? "" : list[0].is_array() ? ", " : " ") + ValueForPeople(entry);
   }
   return text;
 }
@@ -60,6 +59,12 @@ std::string ListForPeople(const Json& list) {
 
 Json PayoffJson(const PayoffRow& row) {
   return Json::array({PlainText(row.Ratio), row.IsToForm, PlainText(row.Base)});
+}
+
+Json SettingJson(const SettingValue& value) {
+  if (const Money* const amount = std::get_if<Money>(&value)) return PlainText(*amount);
+  if (const bool* const flag = std::get_if<bool>(&value)) return *flag;
+  return std::get<std::int32_t>(value);
 }
 
 void AddTable(Json& object, const Game& g) {
@@ -107,6 +112,15 @@ std::string TablePicture(const Game& g) {
          FormatMoney(g.TotalBets, ", on the table $") + FormatMoney(AvailableBankroll(g), ", available $");
 }
 
+std::string ValueForPeople(const Json& value) {
+  if (IsPayoff(value)) return PayoffForPeople(value);
+  if (value.is_boolean()) return value.get<bool>() ? "on" : "off";
+  if (!value.is_string()) return value.dump();
+  const auto& text = value.get_ref<const std::string&>();
+  const auto amount = ParseMoney(text);
+  return amount ? FormatMoney(*amount) : text;
+}
+
 std::string ForPeople(const Json& object) {
   std::string text;
   for (const auto& [key, value] : object.items()) {
@@ -117,7 +131,8 @@ std::string ForPeople(const Json& object) {
       for (const Json& line : value) text += line.get<std::string>() + "\n";
       if (text.ends_with('\n')) text.pop_back();
     } else {
-      text += key + ": " + (value.is_array() ? ListForPeople(value) : ValueForPeople(value));
+      text +=
+          key + ": " + (value.is_array() && !IsPayoff(value) ? ListForPeople(value) : ValueForPeople(value));
     }
   }
   return text;

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "engine/state/Game.h"
+#include "session/Settings.h"
 
 namespace rollwick {
 
@@ -21,6 +22,9 @@ Json MoneyList(const Amounts& amounts) {
 // [ratio, is_to, base]
 Json PayoffJson(const PayoffRow& row);
 
+// A setting's value: a boolean, a count, or an amount.
+Json SettingJson(const SettingValue& value);
+
 // roll, dice, total, point, bankroll, invested, total_bets, available, bets, stacks, stopped.
 void AddTable(Json& object, const Game& g);
 
@@ -29,6 +33,9 @@ std::string TableLine(const Game& g);
 
 // The table in some lines: point, dice, every bet with its amount and its button, the money.
 std::string TablePicture(const Game& g);
+
+// An amount as people read it, a flag as on or off, anything else as it is.
+std::string ValueForPeople(const Json& value);
 
 // Any object for people: a line a key, long lists broken into rows.
 std::string ForPeople(const Json& object);

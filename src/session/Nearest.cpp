@@ -40,7 +40,7 @@ bool SameWord(std::string_view a, std::string_view b) {
 
 std::string DidYouMean(std::string_view word, std::span<const std::string> names) {
   if (word.empty() || word.size() > kLongestWord) return {};
-  const std::size_t furthest = std::max<std::size_t>(1, word.size() / 3);
+  const std::size_t furthest = (word.size() + 2) / 3;
   std::vector<std::pair<std::size_t, std::string_view>> near;
   for (const std::string& name : names) {
     const std::size_t distance = Distance(word, name);

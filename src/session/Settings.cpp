@@ -379,6 +379,13 @@ std::vector<SettingEntry> ListSettings(const Game& g) {
   return entries;
 }
 
+std::optional<SettingValue> ReadSetting(const Game& g, std::string_view name) {
+  const IndexedName indexed = SplitIndex(name);
+  const Setting* const setting = FindSetting(indexed.name);
+  if (setting == nullptr || !WrongIndex(*setting, indexed).empty()) return {};
+  return Read(g, *setting, indexed.index.value_or(0));
+}
+
 std::string ChangeSetting(Game& g, std::string_view name, std::string_view value) {
   const IndexedName indexed = SplitIndex(name);
   const Setting* const setting = FindSetting(indexed.name);

@@ -2,6 +2,7 @@
 // the screens.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -24,6 +25,9 @@ struct SettingEntry {
 
 // All settings with their present values, in the order of the screens.
 std::vector<SettingEntry> ListSettings(const Game& g);
+
+// The present value of `name`, written as in ChangeSetting; nothing when there is no such setting.
+std::optional<SettingValue> ReadSetting(const Game& g, std::string_view name);
 
 // Sets `name` (with its index in brackets for an array) to `value` ("on"/"off" for flags). Empty when it was
 // understood (a refusal is told by a notice), else what is wrong with the words: unknown name, index out of

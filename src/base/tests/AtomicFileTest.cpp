@@ -61,6 +61,7 @@ TEST(SaveWhole, SaysWhyItCannot) {
   EXPECT_EQ(SaveWhole(folder.Path(), "x"), "Is a directory, Error #21");
   EXPECT_EQ(Content(folder / "file"), "kept");
   EXPECT_EQ(FileCount(folder.Path()), 1);
+  EXPECT_EQ(SystemErrorText(99'999), "Unknown error, Error #99999");
 }
 
 TEST(SaveWhole, AFullDiskKeepsTheOldFile) {

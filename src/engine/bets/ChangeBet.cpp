@@ -273,6 +273,7 @@ void ChangeChipStack(Game& g, BetId stack) {
     SetMessage(g, "Maximum Chip-Stack value is: $", kMaxChipStack);
   }
   TellLimitReached(g, stack);
+  g.TableDirty = true;
   g.BetAmount[stack] += g.BetDeltaApplied;
 }
 
@@ -301,6 +302,7 @@ void RefreshVig(Game& g, BetId bet, Money& vig, Money now, bool onAll) {
 }
 
 void MakeChange(Game& g, BetId bet) {
+  g.TableDirty = true;
   g.BetAmount[bet] += g.BetDeltaApplied;
   g.TotalBets += g.BetDeltaApplied;
   const Money amount = g.BetAmount[bet];

@@ -89,7 +89,6 @@ Money AdjustedAmount(Game& g, BetId bet, int choice) {
 void PlaceChips(Game& g, BetId bet) {
   Change(g, bet, g.BetDelta);
   const Money applied = g.BetDeltaApplied;
-  g.TableDirty = true;
   if (applied == Money()) return;
   if (!g.HyperDriveActive) g.TheHost->Play(g, Sound::Chips);
   OddsFollow(g, bet);
@@ -105,13 +104,11 @@ void TakeFullOdds(Game& g, BetId bet) {
 void TakeAllDoOdds(Game& g) {
   if (g.Point != 0) FullOddsBehind(g, Bet::PassLine, Bet::PassLineOdds);
   for (BetId flat = Bet::Come4; flat <= Bet::Come10; ++flat) FullOddsBehind(g, flat, flat + 6);
-  g.TableDirty = true;
 }
 
 void LayAllDontOdds(Game& g) {
   if (g.Point != 0) FullOddsBehind(g, Bet::DontPass, Bet::DontPassOdds);
   for (BetId flat = Bet::DontCome4; flat <= Bet::DontCome10; ++flat) FullOddsBehind(g, flat, flat + 6);
-  g.TableDirty = true;
 }
 
 void RemoveAllBets(Game& g) {
@@ -119,7 +116,6 @@ void RemoveAllBets(Game& g) {
   for (BetId bet = 1; bet <= kBetCount; ++bet) {
     if (g.BetAmount[bet] != Money()) Change(g, bet, -g.BetAmount[bet]);
   }
-  g.TableDirty = true;
 }
 
 void RefitAllBets(Game& g) {
