@@ -22,14 +22,15 @@ enum class Bettor {
   FiveBets,      // Pass Line, Field, Place 6, Place 8, Hard 8, always up
 };
 
-// A house at its defaults with RNG #1 seeded and the bettor's bets up for good: won or lost, each stays the same.
+// A house at its defaults with RNG #1 seeded and the bettor's bets up for good: won or lost, each stays the
+// same.
 std::unique_ptr<Game> OpenGame(SilentHost& host, Bettor bettor, std::int32_t seed);
 
 // Rolls that many times in Hyper-Drive; the roll count starts anew when it comes near its limit.
 void RollInHyperDrive(Game& g, std::int32_t rolls);
 
-// One number over fixed games with every generator and a bettor who bets at random: equal numbers mean equal games,
-// to the last counter.
+// One number over fixed games with every generator and a bettor who bets at random: equal numbers mean equal
+// games, to the last counter.
 std::uint64_t Signature();
 
 }  // namespace rollwick

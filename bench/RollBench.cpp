@@ -1,5 +1,5 @@
-// Rolls per second of the whole roll, beside the bare dice draw of the same run. With --signature: one number over
-// fixed games instead.
+// Rolls per second of the whole roll, beside the bare dice draw of the same run. With --signature: one number
+// over fixed games instead.
 #include <benchmark/benchmark.h>
 
 #include <iostream>
