@@ -133,7 +133,7 @@ LineEditor::LineEditor(const std::atomic<bool>& interrupted)
   el_set(self.editor, EL_EDITOR, "emacs");
   el_set(self.editor, EL_HIST, history, self.history);
   el_set(self.editor, EL_GETCFN, Terminal::ReadCharacter);
-  el_set(self.editor, EL_ADDFN, "complete", "Completes the word", Terminal::Complete);
+  el_wset(self.editor, EL_ADDFN, L"complete", L"Completes the word", Terminal::Complete);
   el_set(self.editor, EL_BIND, "^I", "complete", nullptr);
 }
 

@@ -50,7 +50,10 @@ std::string ListForPeople(const Json& list) {
   for (std::size_t i = 0; i < list.size(); ++i) {
     if (list.size() > kRow && i % kRow == 0) text += "\n    [" + std::to_string(i) + "]";
     const Json& entry = list[i];
-    text += (text.empty() ? "" : list[0].is_array() ? ", " : " ") + ValueForPeople(entry);
+    text += (text.empty()                                 ? ""
+             : list[0].is_array() && !text.ends_with(']') ? ", "
+                                                          : " ") +
+            ValueForPeople(entry);
   }
   return text;
 }

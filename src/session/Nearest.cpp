@@ -16,17 +16,19 @@ char Lower(char letter) {
   return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
 }
 
-// Letters to add, drop or exchange to make `a` out of `b`.
+// Letters to add, drop, exchange or swap with their neighbour to make `a` out of `b`.
 std::size_t Distance(std::string_view a, std::string_view b) {
-  std::vector<std::size_t> row(b.size() + 1);
+  const auto same = [&](std::size_t i, std::size_t j) { return Lower(a[i - 1]) == Lower(b[j - 1]); };
+  std::vector<std::size_t> beforeLast, last, row(b.size() + 1);
   for (std::size_t j = 0; j <= b.size(); ++j) row[j] = j;
   for (std::size_t i = 1; i <= a.size(); ++i) {
-    std::size_t diagonal = row[0];
+    beforeLast = last;
+    last = row;
     row[0] = i;
     for (std::size_t j = 1; j <= b.size(); ++j) {
-      const std::size_t exchanged = diagonal + (Lower(a[i - 1]) == Lower(b[j - 1]) ? 0 : 1);
-      diagonal = row[j];
-      row[j] = std::min({row[j] + 1, row[j - 1] + 1, exchanged});
+      row[j] = std::min({last[j] + 1, row[j - 1] + 1, last[j - 1] + (same(i, j) ? 0 : 1)});
+      if (i > 1 && j > 1 && same(i - 1, j) && same(i, j - 1))
+        row[j] = std::min(row[j], beforeLast[j - 2] + 1);
     }
   }
   return row.back();

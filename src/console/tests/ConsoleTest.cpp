@@ -21,10 +21,10 @@ struct Result {
   std::string error;
 };
 
-Result Rollwick(std::vector<std::string> words, const std::string& input = "", bool isInterrupted = false) {
+Result Rollwick(std::vector<std::string> words, const std::string& input = "") {
   std::istringstream in(input);
   std::ostringstream out, error;
-  const std::atomic<bool> interrupted = isInterrupted;
+  const std::atomic<bool> interrupted = false;
   const int code = RunConsole(words, {in, out, error, interrupted});
   return {code, out.str(), error.str()};
 }
@@ -305,9 +305,37 @@ TEST(Play, ARefusedSettingIsOkWithItsNotice) {
   EXPECT_EQ(lines[1]["settings"]["HyperThrottle"], 0);
 }
 
-TEST(Play, CtrlCEndsARunAndTheGame) {
-  const Result result = Rollwick({"play", "--json", "--seed", "7"}, "hyper 0\nroll\n", true);
-  EXPECT_EQ(result.exitCode, ExitInterrupted);
+// Ctrl-C pressed as soon as the first line has been read.
+class InterruptingInput : public std::streambuf {
+ public:
+  InterruptingInput(std::string text, std::atomic<bool>& interrupted)
+      : text_(std::move(text)), interrupted_(interrupted) {}
+
+ protected:
+  int_type underflow() override {
+    if (interrupted_.exchange(true)) return traits_type::eof();
+    setg(text_.data(), text_.data(), text_.data() + text_.size());
+    return traits_type::to_int_type(text_[0]);
+  }
+
+ private:
+  std::string text_;
+  std::atomic<bool>& interrupted_;
+};
+
+TEST(Play, CtrlCEndsTheRunAtTheEndOfARoll) {
+  for (const char* const run : {"hyper 0", "rolls 100000000"}) {
+    SCOPED_TRACE(run);
+    std::atomic<bool> interrupted = false;
+    InterruptingInput bytes(std::string(run) + "\nroll\n", interrupted);
+    std::istream in(&bytes);
+    std::ostringstream out, error;
+    EXPECT_EQ(RunConsole({"play", "--json", "--seed", "7"}, {in, out, error, interrupted}), ExitInterrupted);
+    const auto lines = Lines(out.str());
+    ASSERT_EQ(lines.size(), 1U) << "the run reports, nothing follows it";
+    EXPECT_EQ(lines[0]["ok"], true);
+    EXPECT_LT(lines[0]["roll"], 1000);
+  }
 }
 
 TEST(Play, TheLogLiesWhereItIsPut) {
