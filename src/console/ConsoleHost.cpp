@@ -108,7 +108,9 @@ SettleAnswer ConsoleHost::Settle(Game&, const SettleQuestion& question) {
   const std::optional<std::string> given = NextAnswer();
   const auto entered = given ? ParseWhole(*given, 0, kSettleChoices - 1) : std::nullopt;
   const int choice = question.mustComeDown ? 0 : static_cast<int>(entered.value_or(question.remembered));
-  questions.push_back({question.caption, Join(question.rows), std::to_string(choice)});
+  std::string meaning = question.choices[static_cast<std::size_t>(choice)];
+  std::erase(meaning, '&');
+  questions.push_back({question.caption, Join(question.rows), std::to_string(choice), meaning});
   return {choice, {}};
 }
 

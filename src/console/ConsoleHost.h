@@ -18,6 +18,7 @@ struct AnsweredQuestion {
   std::string title;
   std::string text;
   std::string answer;
+  std::string meaning = {};  // of an answer that is only a number; empty: the answer says it itself
 };
 
 class ConsoleHost : public Host {

@@ -46,7 +46,8 @@ void PrintForPeople(const Table& table, const Outcome& outcome, const Terminal& 
     terminal.out << notice.title << ": " << WithNewLines(notice.text) << "\n";
   }
   for (const AnsweredQuestion& question : table.host.questions) {
-    terminal.out << question.title << ": " << WithNewLines(question.text) << " [" << question.answer << "]\n";
+    const std::string& answer = question.meaning.empty() ? question.answer : question.meaning;
+    terminal.out << question.title << ": " << WithNewLines(question.text) << " -> " << answer << "\n";
   }
   if (!reply.error.empty()) {
     terminal.out << std::flush;

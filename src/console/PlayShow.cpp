@@ -18,8 +18,7 @@ Reply Shown(Json extra) {
 
 Reply ShowTable(Table& table, Arguments) {
   Reply reply;
-  reply.text = TableLine(table.g);
-  reply.showsTable = true;
+  reply.text = TablePicture(table.g);
   return reply;
 }
 
