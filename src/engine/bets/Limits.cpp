@@ -1,5 +1,6 @@
 // The most that may stand on a bet, and the six ways a house reckons the odds it allows.
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "engine/bets/Placement.h"
@@ -36,7 +37,8 @@ double HighestPay(const Game& g, std::initializer_list<BetId> rows) {
 // A proposition is capped through what one dollar of it nets; a bet that nets nothing keeps the table
 // maximum.
 void CapByPayoff(Game& g, double netPerDollar) {
-  if (netPerDollar > 0) g.BetMax = Money::FromDouble(g.Rules.MaxPropBetPayoff.ToDouble() / netPerDollar);
+  if (netPerDollar > 0 && std::isfinite(netPerDollar))
+    g.BetMax = Money::FromDouble(g.Rules.MaxPropBetPayoff.ToDouble() / netPerDollar);
 }
 
 int OddsNumber(const Game& g, BetId bet) {
@@ -148,7 +150,8 @@ Money OddsByMethod(const Game& g, const OddsQuestion& odds) {
 void MaxDontOdds(Game& g, BetId bet) {
   const PayoffRow row = g.PayoffTable[bet];
   MaxOddsBetFor(g, bet, FlatOf(bet), row.Base, row.Ratio);
-  if (row.Ratio != Money()) g.BetMax = Quotient(Product(g.BetMax, row.Base), row.Ratio);
+  if (row.Ratio != Money() && row.Base != Money())
+    g.BetMax = Quotient(Product(g.BetMax, row.Base), row.Ratio);
 }
 
 }  // namespace

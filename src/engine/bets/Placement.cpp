@@ -90,7 +90,8 @@ void PlaceChips(Game& g, BetId bet) {
   Change(g, bet, g.BetDelta);
   const Money applied = g.BetDeltaApplied;
   if (applied == Money()) return;
-  if (!g.HyperDriveActive) g.TheHost->Play(g, Sound::Chips);
+  // The dealer moves a travelling Come bet; only the player's chips are heard.
+  if (!g.HyperDriveActive && !g.TravelPass) g.TheHost->Play(g, Sound::Chips);
   OddsFollow(g, bet);
   g.BetDeltaApplied = applied;
 }
@@ -126,6 +127,7 @@ void RefitAllBets(Game& g) {
 }
 
 void BuyBet(Game& g, BetId bet) {
+  if (!IsBet(bet) && !IsChipStack(bet)) return;
   const Money amount = g.BetAmount[bet];
   if (amount == Money() || IsBuy(bet)) return;
   if (!IsPlace(bet)) {
@@ -141,7 +143,7 @@ void BuyBet(Game& g, BetId bet) {
 }
 
 void CallBet(Game& g, BetId bet, bool on) {
-  if (g.BetAmount[bet] == Money()) return;
+  if ((!IsBet(bet) && !IsChipStack(bet)) || g.BetAmount[bet] == Money()) return;
   if (IsChipStack(bet)) {
     TellNotAllowed(g, bet, "You may not call Chip-Stacks ON or OFF.");
   } else if (!MayBeCalled(bet)) {

@@ -39,7 +39,7 @@ Money ChipUnit(const Game& g, int slot) {
 void TakeSettleAnswer(Game& g, const SettleQuestion& question, const SettleAnswer& answer) {
   (question.won ? g.LastWonChoice : g.LastLostChoice) = answer.choice;
   if (!answer.formulas) return;
-  int slot = g.PayoffNet >= Money() ? DialogWonSameBet : DialogLostSameBet;
+  int slot = question.won ? DialogWonSameBet : DialogLostSameBet;
   for (const SettleFormula& formula : *answer.formulas) {
     g.ModifyOperator[slot] = formula.formulaOperator;
     g.ModifyAmount[slot] = formula.amount;

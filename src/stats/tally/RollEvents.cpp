@@ -75,8 +75,10 @@ void TallyRoll(Game& g) {
   }
   const int total = g.DiceTotal;
   const PairEvents pair = kPairEvents[g.Die1][g.Die2];
-  TallyRollEvent(g, EventDie1 + g.Die1);
-  TallyRollEvent(g, EventDie2 + g.Die2);
+  const RollEvent die1 = EventDie1 + g.Die1;
+  const RollEvent die2 = EventDie2 + g.Die2;
+  TallyRollEvent(g, die1);
+  if (die2 != die1) TallyRollEvent(g, die2);  // a 7 on die 1 shares its event with a 1 on die 2
   TallyIfAny(g, pair.ordered);
   if (total >= 3 && total <= 11) TallyRollEvent(g, total);
   TallyIfAny(g, pair.either);
