@@ -162,7 +162,8 @@ void MaxOddsBetFor(Game& g, BetId bet, BetId flat, Money ratioA, Money ratioB) {
   if (number == 0) return;
   g.OddsMultiple = AllowedMultiple(g, number);
   const Money flatBet = g.BetAmount[flat];
-  const Money full = Product(g.OddsMultiple, flatBet);
+  // More than any house takes is cut to its cap below, whatever the method.
+  const Money full = std::min(Product(g.OddsMultiple, flatBet), kBankLimit + kBankLimit);
   const OddsQuestion odds = {flatBet, g.OddsMultiple, full, full + flatBet, ratioA, ratioB};
   const bool payable = ratioA > Money() && ratioB > Money();
   g.BetMax = payable ? OddsByMethod(g, odds) : full;

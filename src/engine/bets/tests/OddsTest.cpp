@@ -24,6 +24,16 @@ Money MostOdds(const OddsRow& row, BetId flat, BetId odds) {
   return table.g.BetMax;
 }
 
+TEST(Odds, AnAbsurdMultipleEndsAtTheCap) {
+  for (const OddsMethod method :
+       {OddsNoPush, OddsMinorPush, OddsColorPush, OddsFlatTimesSingle, OddsSingleTimesFlat}) {
+    SCOPED_TRACE(method);
+    const OddsRow row = {"", method, kBankLimit, 6, kBankLimit, 2000_d, 0.01_d};
+    EXPECT_EQ(MostOdds(row, Bet::PassLine, Bet::PassLineOdds), 2000_d);
+    EXPECT_EQ(MostOdds(row, Bet::DontPass, Bet::DontPassOdds), 2400_d);
+  }
+}
+
 TEST(Odds, MostTheDoSideMayTake) {
   const OddsRow rows[] = {
       {"no push", OddsNoPush, 2_d, 4, 10_d, 20_d},
