@@ -106,7 +106,8 @@ Reply RunLog(Table& table, Arguments arguments) {
     ChangeSetting(table.g, "RecordEventsActive", word);
     return Done("The Events Log is " + std::string(table.g.RecordEventsActive ? "on" : "off") + ".");
   }
-  if (word.empty() || std::filesystem::is_directory(word))
+  std::error_code unknown;
+  if (word.empty() || std::filesystem::is_directory(word, unknown))
     return Failure("the Events Log needs the name of a file.");
   FlushEventsLog(table.g);
   table.log.Reopen(word);

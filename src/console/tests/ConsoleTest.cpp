@@ -351,6 +351,16 @@ TEST(Play, TheLogLiesWhereItIsPut) {
   EXPECT_EQ(lines[5]["log"].size(), 1U);
 }
 
+TEST(Play, ALogThatCannotBeWrittenIsTurnedOff) {
+  const auto lines = Play("log " + std::string(400, 'x') + "\nlog on\nroll 3 4\nroll 3 4\n");
+  ASSERT_EQ(lines.size(), 4U);
+  ASSERT_EQ(lines[2]["notices"].size(), 1U);
+  EXPECT_NE(lines[2]["notices"][0]["text"].get<std::string>().find("File name too long, Error #36"),
+            std::string::npos);
+  EXPECT_EQ(lines[3]["notices"].size(), 0U);
+  EXPECT_EQ(lines[3]["roll"], 2);
+}
+
 TEST(Play, ForPeopleALineACommand) {
   const Result result =
       Rollwick({"play", "--seed", "7"}, "bet Pass_Line 10\nroll 4 2\nnonsense\nset AutoRollDelay 100\n");
