@@ -16,7 +16,6 @@ namespace rollwick {
 namespace {
 
 constexpr std::int32_t kRollsPerPump = 512;  // a fraction of a millisecond at full speed
-constexpr std::size_t kLogLinesPerFlush = 1 << 16;
 
 bool RollLimitReached(Game& g) {
   if (g.RollCount() < kMaxRollCount) return false;
@@ -146,8 +145,10 @@ void EndHyperDrive(Game& g) {
 }
 
 void ServeEvents(Game& g) {
-  if (g.RollCount() % kRollsPerPump == 0) g.TheHost->PumpEvents(g);
-  if (g.PendingLogLines.size() >= kLogLinesPerFlush) FlushEventsLog(g);
+  if (g.RollCount() % kRollsPerPump == 0 || g.HyperThrottle > 0) {
+    FlushEventsLog(g);
+    g.TheHost->PumpEvents(g);
+  }
   if (g.HyperThrottle > 0) {
     const auto throttle = static_cast<std::uint32_t>(g.HyperThrottle);
     g.TheHost->Wait(g, throttle * throttle * 10);
