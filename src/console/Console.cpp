@@ -4,11 +4,11 @@
 #include <CLI/CLI.hpp>
 #include <ostream>
 
+#include "base/Nearest.h"
 #include "console/DiceDraw.h"
 #include "console/Play.h"
 #include "console/PlayCommands.h"
 #include "console/Words.h"
-#include "session/Nearest.h"
 
 namespace rollwick {
 namespace {

@@ -4,9 +4,9 @@
 #include <ostream>
 
 #include "base/FormatNumber.h"
+#include "base/Nearest.h"
 #include "console/Words.h"
 #include "engine/cycle/RollDice.h"
-#include "session/Nearest.h"
 
 namespace rollwick {
 namespace {

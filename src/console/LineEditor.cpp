@@ -9,8 +9,8 @@
 #include <cstdio>
 #include <cwchar>
 
+#include "base/Nearest.h"
 #include "console/PlayCommands.h"
-#include "session/Nearest.h"
 #include "session/Settings.h"
 
 namespace rollwick {

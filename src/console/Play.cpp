@@ -5,8 +5,8 @@
 #include <fstream>
 #include <ostream>
 
+#include "base/Nearest.h"
 #include "console/LineEditor.h"
-#include "session/Nearest.h"
 
 namespace rollwick {
 namespace {

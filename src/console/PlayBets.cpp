@@ -1,9 +1,9 @@
 // bet, add, remove, buy, call, odds: chips on and off the table.
 #include "base/FormatNumber.h"
+#include "base/Nearest.h"
 #include "console/PlayCommands.h"
 #include "console/Words.h"
 #include "engine/bets/Placement.h"
-#include "session/Nearest.h"
 
 namespace rollwick {
 namespace {

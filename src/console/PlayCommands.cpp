@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <iterator>
 
+#include "base/Nearest.h"
 #include "console/Words.h"
-#include "session/Nearest.h"
 
 namespace rollwick {
 namespace {

@@ -2,13 +2,13 @@
 #include <system_error>
 
 #include "base/FormatNumber.h"
+#include "base/Nearest.h"
 #include "console/PlayCommands.h"
 #include "console/Words.h"
 #include "dice/Draw.h"
 #include "engine/bets/Bankroll.h"
 #include "engine/bets/Payoffs.h"
-#include "engine/cycle/RollDice.h"
-#include "session/Nearest.h"
+#include "engine/game/NewGame.h"
 #include "session/Settings.h"
 
 namespace rollwick {

@@ -2,9 +2,9 @@
 #include <algorithm>
 #include <iterator>
 
+#include "base/Nearest.h"
 #include "console/PlayCommands.h"
 #include "console/Words.h"
-#include "session/Nearest.h"
 #include "session/Settings.h"
 
 namespace rollwick {

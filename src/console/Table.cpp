@@ -7,7 +7,7 @@
 #include "base/FormatNumber.h"
 #include "console/Words.h"
 #include "dice/Draw.h"
-#include "engine/cycle/RollDice.h"
+#include "engine/game/NewGame.h"
 
 namespace rollwick {
 namespace {

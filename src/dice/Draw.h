@@ -23,6 +23,9 @@ enum class SeedResult { Seeded, OutOfLimits, Overflow };
 // the new seed.
 SeedResult SeedGenerator(Game& g, bool seedIsGiven);
 
+// SeedRequest from the clock, in reach of RngChoice.
+void TakeSeedFromClock(Game& g);
+
 // The largest seed RngChoice takes.
 std::int32_t SeedLimit(const DiceTables& g);
 

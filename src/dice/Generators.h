@@ -45,4 +45,13 @@ inline constexpr std::int32_t kRan2LargestSeed = 2'147'332'758;
 // divided by 100, ties to even, and tried again.
 std::int32_t SeededRandomInt(DiceTables& g, std::int32_t range);
 
+// The plain source (splitmix64 on PlainRandomState), 0..range - 1: for what is no dice of the table.
+inline std::int32_t PlainRandomBelow(DiceTables& g, std::uint32_t range) {
+  std::uint64_t word = g.PlainRandomState += 0x9e3779b97f4a7c15;
+  word = (word ^ word >> 30) * 0xbf58476d1ce4e5b9;
+  word = (word ^ word >> 27) * 0x94d049bb133111eb;
+  word ^= word >> 31;
+  return static_cast<std::int32_t>((word >> 32) * range >> 32);
+}
+
 }  // namespace rollwick

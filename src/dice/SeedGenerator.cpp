@@ -46,13 +46,6 @@ bool AskForSeed(Game& g, std::int32_t limit) {
   }
 }
 
-// The clock as a signed number of milliseconds, of tenths of a second (with two decimals) for RNG #3.
-void TakeSeedFromClock(Game& g) {
-  const auto clock = static_cast<std::int32_t>(g.TheHost->Milliseconds(g));
-  g.SeedRequest = Dollars(clock);
-  if (g.RngChoice == RngCongruential) g.SeedRequest = Quotient(g.SeedRequest, Dollars(100));
-}
-
 SeedResult SeedRan1(Game& g, std::int32_t seed) {
   if (seed > kRan1LargestSeed) return SeedResult::Overflow;
   std::int32_t idum = -seed;
@@ -107,6 +100,13 @@ SeedResult SeedBaseGenerators(Game& g, std::int32_t seed) {
 
 std::int32_t SeedLimit(const DiceTables& g) {
   return g.RngChoice == RngCongruential ? kCongruentialLimit : kLimit;
+}
+
+// The clock as a signed number of milliseconds, of tenths of a second (with two decimals) for RNG #3.
+void TakeSeedFromClock(Game& g) {
+  const auto clock = static_cast<std::int32_t>(g.TheHost->Milliseconds(g));
+  g.SeedRequest = Dollars(clock);
+  if (g.RngChoice == RngCongruential) g.SeedRequest = Quotient(g.SeedRequest, Dollars(100));
 }
 
 SeedResult SeedGenerator(Game& g, bool seedIsGiven) {

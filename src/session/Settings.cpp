@@ -8,9 +8,9 @@
 #include <span>
 
 #include "base/FormatNumber.h"
+#include "base/Nearest.h"
 #include "engine/bets/Payoffs.h"
 #include "engine/bets/Placement.h"
-#include "session/Nearest.h"
 
 namespace rollwick {
 namespace {

@@ -252,7 +252,7 @@ void HoldBankroll(Game& g, BetId bet, const std::string& messageBeforeAdjust) {
 
 void TellLimitReached(Game& g, BetId slot) {
   if (g.BetMessage.empty() || !MayNotify(g, NotifyLimits)) return;
-  const bool stack = IsChipStack(slot);
+  const bool stack = slot >= SlotChipStack;
   std::string text = g.BetMessage;
   if (g.BetDeltaApplied != Money()) {
     text += stack ? "\r\rwhich is being stacked." : "\r\rwhich is being bet.";
@@ -320,7 +320,7 @@ void ChangeBet(Game& g, BetId bet) {
   // No request can reach further than from one end of a Chip-Stack to the other.
   g.BetDelta = std::clamp(g.BetDelta, -kMaxChipStack - kMaxChipStack, kMaxChipStack + kMaxChipStack);
   g.BetDeltaApplied = g.BetDelta;
-  if (IsChipStack(bet)) return ChangeChipStack(g, bet);
+  if (IsChipStack(bet) || bet == SlotBehindStacks) return ChangeChipStack(g, bet);
   if (!IsBet(bet)) {
     g.BetDeltaApplied = Money();
     return;

@@ -99,15 +99,32 @@ void LogChipStackChanges(Game& g) {
   }
 }
 
+void LogActivation(Game& g) {
+  const bool isOn = g.AutoBetsActive == 1 && !g.ScriptLines.empty();
+  const bool wasOn = g.LoggedAutoBetEnabled == 1;
+  if (!isOn || (wasOn && g.ScriptFileName == g.LoggedAutoBetName)) return;
+  LogEvent(g,
+           "      Auto-Bets activated (" + (g.ScriptFileName.empty() ? "untitled" : g.ScriptFileName) + ")");
+}
+
+void LogDeactivation(Game& g) {
+  const bool isEmpty = g.ScriptLines.empty();
+  const bool wasCleared = isEmpty && g.ScriptFileName != g.LoggedAutoBetName;
+  const bool wasSwitchedOff = !isEmpty && g.LoggedAutoBetEnabled == 1 && g.AutoBetsActive != 1;
+  if (wasCleared || wasSwitchedOff) LogEvent(g, "      Auto-Bets deactivated");
+}
+
 }  // namespace
 
 void LogPlayerChanges(Game& g) {
   if (!g.RecordEventsActive) return;
+  LogActivation(g);
   if (g.RecordBankrollChanges) {
     LogBankroll(g, g.BetAfterSettle[SlotBankroll], "ATM withdrawal", "ATM deposit");
   }
   if (g.RecordBetChanges) LogBetChanges(g);
   if (g.RecordChipStackChanges) LogChipStackChanges(g);
+  LogDeactivation(g);
 }
 
 void LogRoll(Game& g, std::string_view source) {

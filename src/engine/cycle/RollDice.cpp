@@ -4,7 +4,11 @@
 
 #include <cassert>
 
+#include "autobet/run/Output.h"
+#include "autobet/run/RunAutoBet.h"
+#include "dice/DiceFile.h"
 #include "dice/Draw.h"
+#include "dice/Matrix.h"
 #include "engine/bets/Bankroll.h"
 #include "engine/bets/Placement.h"
 #include "engine/cycle/LogChanges.h"
@@ -41,16 +45,32 @@ void TakeThrowSnapshots(Game& g) {
   g.PrevDie2 = g.Die2;
 }
 
-void ThrowDice(Game& g) {
+std::string GeneratorText(const Game& g) {
+  const std::string text = " from RNG #" + std::to_string(g.RngChoice + 1);
+  if (!g.UseProbabilityMatrix) return text;
+  if (g.ProbabilityName.empty()) return text + " using untitled probability matrix";
+  return text + " using probability matrix: " + g.ProbabilityName;
+}
+
+// False when the Dice Roll File has no roll to give: this one is then abandoned.
+bool ThrowDice(Game& g) {
   if (g.ManualRollPending) {
     g.ManualRollPending = false;
     g.Die1 = g.ManualDie1;
     g.Die2 = g.ManualDie2;
     LogRoll(g, " from manual roll pad");
-    return;
+  } else if (g.DiceFileMode == DiceFilePlayback) {
+    if (!PlayBackDiceRoll(g)) return false;
+    if (g.RecordEventsActive) LogRoll(g, " from " + g.DiceFileName);
+  } else {
+    if (g.UseProbabilityMatrix) {
+      PickPairFromMatrix(g, DrawMatrixValue(g));
+    } else {
+      DrawDice(g);
+    }
+    if (g.RecordEventsActive) LogRoll(g, GeneratorText(g));
   }
-  DrawDice(g);
-  if (g.RecordEventsActive) LogRoll(g, " from RNG #" + std::to_string(g.RngChoice + 1));
+  return true;
 }
 
 void MovePoint(Game& g) {
@@ -93,6 +113,9 @@ void TakeEndSnapshots(Game& g) {
   g.RollsSinceEvent[EventEveryRoll] = g.RollCount();
   g.BetAfterSettle = g.BetAmount;
   g.BetWorkingAfterSettle = g.BetWorking;
+  for (FlagEntry& flag : g.ScriptFlags) flag.PrevValue = flag.Value;
+  g.LoggedAutoBetEnabled = g.AutoBetsActive;
+  if (g.LoggedAutoBetName != g.ScriptFileName) g.LoggedAutoBetName = g.ScriptFileName;
 }
 
 void CountAutoRoll(Game& g) {
@@ -112,8 +135,9 @@ void OneRoll(Game& g) {
 
   // Dice: from the pad's hand, from the file being played back, or from the generator, straight or through
   // the probability matrix.
-  ThrowDice(g);
+  if (!ThrowDice(g)) return;
   if (!g.HyperDriveActive) g.TheHost->AnimateDice(g);
+  if (g.DiceFileMode == DiceFileRecording) RecordDiceRoll(g);
   g.DiceTotal = g.Die1 + g.Die2;
   if (!g.HyperDriveActive) g.TheHost->Play(g, Sound::NumberCall);
 
@@ -130,23 +154,31 @@ void OneRoll(Game& g) {
   LogRollResult(g);
   AddBankrollPoint(g);
 
-  // The Auto-Bet script acts here, once in a roll: what it places is the player's change at the next one.
+  // What the script places is the player's change at the next roll.
+  if (AutoBetsAreOn(g)) RunAutoBet(g);
 
   TakeEndSnapshots(g);
   CountAutoRoll(g);
   assert(TablesAgree(g));
 }
 
-void EndHyperDrive(Game& g) {
-  g.HyperDriveActive = false;
+// What the log, the recorder and the script wrote is on its way to the disk before anybody looks up.
+void FlushFiles(Game& g) {
   FlushEventsLog(g);
+  FlushDiceFile(g);
+  FlushScriptOutput(g);
+}
+
+void EndHyperDrive(Game& g) {
+  FlushFiles(g);
+  g.HyperDriveActive = false;
   if (!g.StopMessage.empty()) ShowMessage(g, g.StopMessage, "Hyper-Drive Stopped");
   g.TheHost->TableChanged(g);
 }
 
 void ServeEvents(Game& g) {
   if (g.RollCount() % kRollsPerPump == 0 || g.HyperThrottle > 0) {
-    FlushEventsLog(g);
+    FlushFiles(g);
     g.TheHost->PumpEvents(g);
   }
   if (g.HyperThrottle > 0) {
@@ -163,7 +195,7 @@ bool RollsOn(Game& g) {
     EndHyperDrive(g);
     return false;
   }
-  FlushEventsLog(g);
+  FlushFiles(g);
   if (!g.AutoRoll || !g.KeepRolling) return false;
   g.TheHost->Wait(g, static_cast<std::uint32_t>(g.AutoRollDelay) * 1000);
   if (!g.KeepRolling) return false;
@@ -187,6 +219,7 @@ void RollDice(Game& g) {
     g.KeepRolling = false;
     return;
   }
+  OfferInitialize(g);
   g.TableDirty = true;
   g.StopMessage.clear();
   g.RollInProgress = true;
@@ -195,7 +228,10 @@ void RollDice(Game& g) {
   } while (RollsOn(g));
   g.LastStopMessage = g.StopMessage;
   // Kept only while the table cannot show it.
-  if (!g.TheHost->IsMinimized()) g.StopMessage.clear();
+  if (!g.TheHost->IsMinimized()) {
+    if (g.StopMessage == kDiceFileEnded) RewindDicePrompt(g, DiceFilePlayback);
+    g.StopMessage.clear();
+  }
   if (g.Point == 0) g.TheHost->Play(g, Sound::ComingOut);
   g.RollInProgress = false;
 }

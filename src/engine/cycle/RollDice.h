@@ -1,4 +1,4 @@
-// The roll and what begins and ends games.
+// The roll, and runs of rolls.
 #pragma once
 
 #include "engine/state/Game.h"
@@ -11,12 +11,5 @@ void RollDice(Game& g);
 
 // Starts Hyper-Drive, or ends it when it runs.
 void ToggleHyperDrive(Game& g);
-
-// A new game: empty table, fresh statistics, the bankroll by BankrollInitType. keepChipStacks spares the
-// stacks and their names.
-void NewGame(Game& g, bool keepChipStacks);
-
-// Brings the program up: every default, every generator seeded from the clock, RNG #1 in force.
-void StartUp(Game& g);
 
 }  // namespace rollwick

@@ -19,6 +19,7 @@ enum : BetId {
   SlotChipDenom = 95,   // five denominations, lowest first; the lowest is the unit of all rounding
   SlotChipStack = 100,  // Chip-Stack n is slot 100 + n, n from 0 to 99
   SlotLastChipStack = 199,
+  SlotBehindStacks = 200,  // written when a script changes all stacks, and counted nowhere
 };
 
 inline constexpr int kChipCount = 5;

@@ -42,6 +42,17 @@ constexpr Money kDefaultBankroll = Dollars(500);
 
 }  // namespace
 
+MatrixTable DefaultProbabilityMatrix() {
+  MatrixTable matrix{};
+  auto& values = matrix[MatrixValues];
+  values[1] = {0, 2'778, 5'556, 8'333, 11'111, 13'889, 16'667, 13'889, 11'111, 8'333, 5'556, 2'778};
+  for (std::size_t row = 2; row <= 7; ++row) {
+    for (std::size_t column = row - 1; column <= 13 - row; ++column) values[row][column] = 2'778;
+    values[row][12] = values[row][13] = 16'667;
+  }
+  return matrix;
+}
+
 int FieldIndex(int die1, int die2) {
   // Row: smaller die, column: larger die.
   static constexpr int kIndex[7][7] = {

@@ -44,6 +44,18 @@ struct Ran2State {
   std::array<std::int32_t, 98> ir{};  // 1..97
 };
 
+enum DiceFileModes : std::int32_t { DiceFileOff, DiceFileRecording, DiceFilePlayback };
+
+// The probability matrix: field 0 states, field 1 values (parts of 100,000); rows 0..7, columns 0..13. The
+// 36 pairs are a diamond: rows 2..7, in row r the columns r - 1 to 13 - r, where column c is the total c + 1.
+// Columns 12 and 13 of rows 2..7 are face r - 1 of the first and the second die. Row 1 holds the totals in
+// columns 1..11.
+using MatrixTable = std::array<std::array<std::array<std::int32_t, 14>, 8>, 2>;
+enum MatrixField : std::size_t { MatrixStates, MatrixValues };
+
+// True dice, each cell rounded for itself, so that the pairs sum to 100,008; all states 0.
+MatrixTable DefaultProbabilityMatrix();
+
 struct DiceTables {
   std::int32_t RngChoice = RngMersenne;
   bool UserSeedMode = false;
@@ -53,6 +65,14 @@ struct DiceTables {
   Money SeedRequest;
   std::int32_t MissingGenerators = 0;
   bool SeedPromptOpen = false;
+
+  bool UseProbabilityMatrix = false;
+  MatrixTable ProbabilityMatrix = DefaultProbabilityMatrix();
+  std::uint64_t PlainRandomState = 0;  // of the plain source, apart from the eight generators
+
+  std::int32_t DiceFileMode = DiceFileOff;
+  std::int32_t DiceFileRecord = 1;  // next to read or write, from 1
+  std::int32_t DiceLastRecord = 0;  // last one read or written
 
   MersenneState Mersenne;
   MersenneState SecondMersenne;

@@ -3,18 +3,22 @@
 
 #include <string>
 #include <type_traits>
+#include <vector>
 
+#include "base/ByteFile.h"
+#include "base/OutputFile.h"
 #include "engine/state/AutoPlayTables.h"
 #include "engine/state/BetTables.h"
 #include "engine/state/DiceTables.h"
 #include "engine/state/Host.h"
 #include "engine/state/OptionTables.h"
+#include "engine/state/ScriptTables.h"
 #include "engine/state/StatisticsTables.h"
 
 namespace rollwick {
 
 // The flat part: copying it is undo, a snapshot, a test's "before".
-struct GameTables : BetTables, AutoPlayTables, DiceTables, StatisticsTables, OptionTables {};
+struct GameTables : BetTables, AutoPlayTables, DiceTables, StatisticsTables, OptionTables, ScriptTables {};
 static_assert(std::is_trivially_copyable_v<GameTables>);
 
 struct Game : GameTables {
@@ -26,6 +30,20 @@ struct Game : GameTables {
   std::string LastStopMessage;      // the same of the last run, kept when StopMessage is emptied
   std::string LastErrorText;
   std::array<std::string, kChipStackCount> ChipStackName;  // given by scripts; empty: the stack's own name
+
+  std::string DiceFileName;  // path of the Dice Roll File; empty when none is open
+  ByteFile DiceFile;
+  std::string ProbabilityName;  // short name of the matrix's file; empty while it has none
+
+  std::vector<ScriptLine> ScriptLines;  // line n is entry n - 1
+  std::vector<FlagEntry> ScriptFlags;   // names differ in more than case
+  std::string ScriptFileName;           // short name; empty while untitled
+  std::string ScriptFilePath;
+  std::string LoggedAutoBetName;          // ScriptFileName at the end of the last roll
+  std::vector<ScriptStep> ScriptProgram;  // ScriptLines as a run takes them
+  bool ScriptIsDecoded = false;           // cleared by whoever changes lines or adds flags
+  std::string OutputFileName;             // as the script named it
+  OutputFile ScriptOutput;
 };
 
 // Writes PayoffTable and FieldPayoffTable as the house opens with, and the line odds of a point that is on.

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -79,6 +80,22 @@ struct SettleAnswer {
   std::optional<std::array<SettleFormula, 2>> formulas;
 };
 
+// What a script wants with a file it names.
+enum class FileUse { Read, Write };
+
+// Where that file is, or why the script may not have it.
+struct FileGrant {
+  std::filesystem::path path;
+  std::string refusal;
+};
+
+// One step of a script run, as the step screen shows it. Line number and step are empty between lines.
+struct StepTrace {
+  std::string lineNumber;
+  std::string step;
+  std::string status;
+};
+
 enum class Sound { Chips, Win, BrokeTheBank, NumberCall, ComingOut, Pass, Miss, BarPush };
 
 class Host {
@@ -101,12 +118,28 @@ class Host {
   // Commits an amount being typed; false when that reported a problem and no dice may roll.
   virtual bool CommitTypedBet(Game&) { return true; }
 
+  // A script may name any file; which ones it gets is the world's to say. Relative names start in the data
+  // folder.
+  virtual FileGrant GrantFile(Game&, std::string_view name, FileUse) {
+    return {{}, std::string(name) + " is out of reach of the script."};
+  }
+  // Before a script resets the table: the game as it stands goes where the next start looks for it. Empty on
+  // success, else the system's words.
+  virtual std::string SaveWorkingGame(Game&) { return {}; }
+
   // For eyes and ears; never called in Hyper-Drive.
   virtual void Play(Game&, Sound) {}
   virtual void AnimateDice(Game&) {}
   virtual void ReturnDice(Game&) {}
   virtual void ChipsChanged(Game&, BetId) {}
   virtual void TableChanged(Game&) {}
+  virtual void PlayFile(Game&, const std::filesystem::path&) {}
+  // The word in the status bar while a script acts: "Auto-Betting", "Hot-Key".
+  virtual void ShowStatus(Game&, std::string_view) {}
+  // Holds the run until the player steps on.
+  virtual void ShowStep(Game&, const StepTrace&) {}
+  // The least pause between two rolls with a script, reckoned from a time of the clock.
+  virtual void WaitForEyes(Game&, std::uint32_t /*since*/, std::uint32_t /*milliseconds*/) {}
 };
 
 // Where the Events Log goes.

@@ -65,6 +65,8 @@ enum HandStat : int {
   kHandStatCount,
 };
 
+inline constexpr int kDecidedActual = 128;
+
 inline constexpr int kGraphPage = 525;  // points of a page of the bankroll graph
 
 struct StatisticsTables {
@@ -81,7 +83,8 @@ struct StatisticsTables {
   BetStatTable BetWagers{};
   BetStatTable BetWins{};
   BetStatTable BetLosses{};
-  // The bets with a result of the current roll, of either kind: the first DecidedCount entries.
+  // The bets with a result of the current roll, the first DecidedCount entries: a bet once for each kind, for
+  // actual wagers with kDecidedActual added.
   std::array<BetId, 2 * (kBetCount + 1)> DecidedBets{};
   std::int32_t DecidedCount = 0;
   // Runs of wins (above 0) or losses (below 0): column 0 as before the current roll, column 1 now.

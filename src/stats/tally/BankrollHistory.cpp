@@ -74,6 +74,27 @@ void AddBankrollPoint(Game& g) {
   if (GrowGraphUnit(g) || LeavesGraph(g, bankroll)) CentreGraph(g);
 }
 
+Money MovingAverage(const Game& g, int rollsBack, int period) {
+  const auto& history = g.BankrollHistory;
+  const int last = g.BankrollHistoryCount - rollsBack;
+  if (period <= 0) {
+    const std::int32_t rolls = g.RollCount() - rollsBack;
+    if (rolls <= 0) return {};
+    const Money sum = rollsBack == 0 ? g.BankrollRollSum : g.BankrollRollSum - history[last + 1];
+    return Quotient(sum, Dollars(rolls));
+  }
+  const bool hasPageBefore = history[0] > Dollars(1);
+  const int wanted = std::min(period, kGraphPage);
+  const int found = hasPageBefore ? wanted : std::min(wanted, last);
+  if (!hasPageBefore && last <= 1) return {};
+  Money sum;
+  for (int back = 0; back < found; ++back) {
+    const int point = last - back;
+    sum += history[point > 0 ? point : point + 2 * kGraphPage];
+  }
+  return Quotient(sum, Dollars(found));
+}
+
 void ResetStatistics(Game& g) {
   g.RollEventCount.fill(0);
   g.RollsSinceEvent.fill(0);

@@ -34,13 +34,16 @@ bool PhantomIsAbsent(const Game& g, BetId bet) {
   return (IsComeNumber(bet) || IsComeOdds(bet)) && !g.Rules.AllowPutBets;
 }
 
-// The results of the last roll stand only in the rows of the bets it decided.
+// The results of the last roll, and streaks that it moved, stand only in the rows of the bets it decided.
 void ClearRollResults(StatisticsTables& g) {
   for (int i = 0; i < g.DecidedCount; ++i) {
+    const bool isActual = g.DecidedBets[i] >= kDecidedActual;
+    const BetId bet = g.DecidedBets[i] % kDecidedActual;
     for (BetStatTable* table : {&g.BetWagers, &g.BetWins, &g.BetLosses}) {
-      for (auto& kind : *table)
-        kind[g.DecidedBets[i]][LastRollCount] = kind[g.DecidedBets[i]][LastRollAmount] = Money();
+      BetStatRow& row = (*table)[isActual ? ActualWagers : PhantomWagers][bet];
+      row[LastRollCount] = row[LastRollAmount] = Money();
     }
+    if (isActual) g.BetStreak[bet][0] = g.BetStreak[bet][1];
   }
   g.DecidedCount = 0;
 }
@@ -65,15 +68,14 @@ Money PhantomLayVig(const Game& g, BetId bet) {
 void RecordBetDecision(Game& g, BetStatKind kind, BetId bet, Money wager, Money result) {
   if (result == Money()) return;
   if (kind == PhantomWagers && PhantomIsAbsent(g, bet)) return;
-  if (g.BetWagers[kind][bet][LastRollCount] == Money()) g.DecidedBets[g.DecidedCount++] = bet;
+  if (g.BetWagers[kind][bet][LastRollCount] == Money()) {
+    g.DecidedBets[g.DecidedCount++] = kind == ActualWagers ? kDecidedActual + bet : bet;
+  }
   AddDecision(g.BetWagers[kind][bet], wager + VigOnWager(g, kind, bet, result));
   AddDecision(result > Money() ? g.BetWins[kind][bet] : g.BetLosses[kind][bet], Abs(result));
 }
 
 void StartRollResults(Game& g) {
-  for (BetId bet = 1; bet <= kBetCount; ++bet) {
-    g.BetStreak[bet][0] = g.BetStreak[bet][1];
-  }
   ClearRollResults(g);
   if (g.DiceTotal == 7) {
     for (auto& row : g.BetWagers[PhantomWagers]) row[InPlay] = Money();

@@ -39,6 +39,11 @@ void TallyBankroll(Game& g);
 // The bankroll as the next point of the graph, turning the page and moving the scale when it is time.
 void AddBankrollPoint(Game& g);
 
+// The average of the bankroll over the last `period` points of its graph, at most 525, as it stands now
+// (rollsBack 0) or as it stood a roll before (1). Period 0 takes all rolls of the game. At the first point of
+// a game, and with no rolls, it is 0.
+Money MovingAverage(const Game& g, int rollsBack, int period);
+
 // Forgets everything counted and starts the bankroll record at the present bankroll.
 void ResetStatistics(Game& g);
 

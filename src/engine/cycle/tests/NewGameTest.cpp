@@ -5,6 +5,7 @@
 
 #include "engine/bets/Placement.h"
 #include "engine/cycle/RollDice.h"
+#include "engine/game/NewGame.h"
 #include "support/ScriptedHost.h"
 
 namespace rollwick {

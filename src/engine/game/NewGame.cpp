@@ -1,8 +1,10 @@
 // A game begins: the table is cleared, the bankroll set, the counters start anew.
+#include "engine/game/NewGame.h"
+
 #include <algorithm>
 
+#include "dice/DiceFile.h"
 #include "dice/Draw.h"
-#include "engine/cycle/RollDice.h"
 #include "stats/tally/Tally.h"
 
 namespace rollwick {
@@ -20,6 +22,9 @@ void ClearTable(Game& g, bool keepChipStacks) {
   g.LayVigAmount.fill(Money());
   g.TotalBets = Money();
   g.BetWorking = g.BetWorkingAfterSettle = g.BetWorkingDefault;
+  for (FlagEntry& flag : g.ScriptFlags) flag.Value = flag.PrevValue = 0;
+  g.LoggedAutoBetName.clear();
+  g.LoggedAutoBetEnabled = 0;
   if (keepChipStacks) return;
   for (BetId stack = SlotChipStack; stack <= SlotLastChipStack; ++stack) ClearSlot(g, stack);
   g.ChipStackName.fill({});
@@ -75,8 +80,11 @@ void NewGame(Game& g, bool keepChipStacks) {
   LogNewGame(g);
   if (g.ReseedNewGames) SeedGenerator(g, false);
   if (g.RecordEventsActive && g.RecordShooterChanges) LogEvent(g, kNewShooterLine);
+  // The Dice Roll File stays open.
+  g.DiceFileMode = DiceFileOff;
   if (!g.HyperDriveActive) {
     FlushEventsLog(g);
+    FlushDiceFile(g);
     g.TheHost->TableChanged(g);
   }
   g.TableDirty = false;

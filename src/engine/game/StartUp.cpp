@@ -1,6 +1,6 @@
 // The program comes up.
 #include "dice/Draw.h"
-#include "engine/cycle/RollDice.h"
+#include "engine/game/NewGame.h"
 
 namespace rollwick {
 

@@ -1,5 +1,5 @@
 // Edit distance between short words.
-#include "session/Nearest.h"
+#include "base/Nearest.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -16,8 +16,9 @@ char Lower(char letter) {
   return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
 }
 
-// Letters to add, drop, exchange or swap with their neighbour to make `a` out of `b`.
-std::size_t Distance(std::string_view a, std::string_view b) {
+}  // namespace
+
+std::size_t EditDistance(std::string_view a, std::string_view b) {
   const auto same = [&](std::size_t i, std::size_t j) { return Lower(a[i - 1]) == Lower(b[j - 1]); };
   std::vector<std::size_t> beforeLast, last, row(b.size() + 1);
   for (std::size_t j = 0; j <= b.size(); ++j) row[j] = j;
@@ -34,8 +35,6 @@ std::size_t Distance(std::string_view a, std::string_view b) {
   return row.back();
 }
 
-}  // namespace
-
 bool SameWord(std::string_view a, std::string_view b) {
   return std::ranges::equal(a, b, [](char x, char y) { return Lower(x) == Lower(y); });
 }
@@ -45,7 +44,7 @@ std::string DidYouMean(std::string_view word, std::span<const std::string> names
   const std::size_t furthest = (word.size() + 2) / 3;
   std::vector<std::pair<std::size_t, std::string_view>> near;
   for (const std::string& name : names) {
-    const std::size_t distance = Distance(word, name);
+    const std::size_t distance = EditDistance(word, name);
     if (distance <= furthest) near.emplace_back(distance, name);
   }
   std::ranges::stable_sort(near, {}, [](const auto& entry) { return entry.first; });

@@ -1,0 +1,97 @@
+#include "autobet/model/Script.h"
+
+#include <algorithm>
+
+#include "autobet/model/Codes.h"
+
+namespace rollwick {
+
+namespace {
+
+void AddFlags(Game& g, const std::vector<ScriptLine>& lines) {
+  for (const ScriptLine& line : lines) {
+    if (NamesFlag(line)) AddFlagName(g, line.Name);
+  }
+}
+
+void HasChanged(Game& g) {
+  g.ScriptIsDecoded = false;
+  g.AutoBetsChanged = true;
+}
+
+}  // namespace
+
+std::string_view TrimRight(std::string_view text) {
+  return text.substr(0, text.find_last_not_of(' ') + 1);
+}
+
+std::string_view TrimBlanks(std::string_view text) {
+  text = TrimRight(text);
+  text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+  return text;
+}
+
+std::string LowerTrimmed(std::string_view text) {
+  std::string lower(TrimBlanks(text));
+  std::ranges::transform(lower, lower.begin(),
+                         [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
+  return lower;
+}
+
+bool NamesFlag(const ScriptLine& line) {
+  return (line.Kind == KindCondition && line.LeftCode == Item::Flag) ||
+         (line.Kind == KindAction && line.Op == Verb::SetFlag);
+}
+
+void AddFlagName(Game& g, std::string_view name) {
+  const std::string lower = LowerTrimmed(name);
+  for (const FlagEntry& flag : g.ScriptFlags) {
+    if (LowerTrimmed(flag.Name) == lower) return;
+  }
+  g.ScriptFlags.push_back({std::string(TrimRight(name)), 0, 0});
+  g.ScriptIsDecoded = false;
+}
+
+void ClearScript(Game& g) {
+  g.ScriptLines.clear();
+  g.ScriptFlags.clear();
+  g.ScriptFileName.clear();
+  g.ScriptFilePath.clear();
+  g.OutputFileName.clear();
+  g.ScriptDirty = false;
+  g.ScriptInsertLine = 1;
+  g.ScriptIsDecoded = false;
+}
+
+void ReplaceScript(Game& g, std::vector<ScriptLine> lines, std::string_view name, std::string_view path) {
+  g.ScriptLines = std::move(lines);
+  g.ScriptInsertLine = 1;
+  g.ScriptIsDecoded = false;
+  if (!g.HotKeyRunning) {
+    g.ScriptFlags.clear();
+    g.ScriptFileName = name;
+    g.ScriptFilePath = path;
+    g.ScriptDirty = false;
+    HasChanged(g);
+  }
+  AddFlags(g, g.ScriptLines);
+}
+
+void InsertLines(Game& g, std::vector<ScriptLine> lines) {
+  for (ScriptLine& line : g.ScriptLines) {
+    line.Selected = false;
+    line.Band = 0;
+  }
+  for (ScriptLine& line : lines) {
+    line.Selected = true;
+    line.Band = 0;
+  }
+  AddFlags(g, lines);
+  const auto place = std::clamp<std::ptrdiff_t>(g.ScriptInsertLine - 1, 0, std::ssize(g.ScriptLines));
+  g.ScriptLines.insert(g.ScriptLines.begin() + place, std::make_move_iterator(lines.begin()),
+                       std::make_move_iterator(lines.end()));
+  g.ScriptDirty = true;
+  HasChanged(g);
+}
+
+}  // namespace rollwick

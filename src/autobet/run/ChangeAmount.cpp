@@ -1,0 +1,139 @@
+// The verbs that reckon: Bet, Add, Subtract, Multiply by, Divide by and Round.
+#include <cmath>
+
+#include "autobet/model/Codes.h"
+#include "autobet/run/Run.h"
+#include "engine/bets/Placement.h"
+
+namespace rollwick {
+
+namespace {
+
+enum Form {
+  Typed,
+  Percent,
+  PercentOfLast,
+  Highest,
+  HighestOfLast,
+  Lowest,
+  LowestOfLast,
+  Average,
+  AverageOfLast
+};
+
+Money ValueOfLine(AutoBetRun& run, const ScriptStep& step) {
+  const std::int32_t form = step.Op % 10;
+  if (form == Typed) return step.Amount;
+  const Money value =
+      ValueOf(run, form % 2 == 1 ? Moment::Now : Moment::AtThrow, step.LeftCode, step.LeftIndex);
+  if (form > PercentOfLast || !run.error.empty()) return value;
+  return MoneyFrom(run, value.ToDouble() * step.Amount.ToDouble() / 100);
+}
+
+void Change(Game& g, BetId slot, Money by) {
+  g.BetDelta = by;
+  PlaceChips(g, slot);
+}
+
+// The slot as it is said to be, without a word to the rules.
+void Overwrite(Game& g, BetId slot, Money amount) {
+  if (IsBet(slot)) g.TotalBets += amount - g.BetAmount[slot];
+  g.BetAmount[slot] = amount;
+}
+
+// Reckons the verb with one value.
+void Apply(AutoBetRun& run, const ScriptStep& step, BetId slot, Money value) {
+  Game& g = run.g;
+  const Money amount = g.BetAmount[slot];
+  const auto become = [&](double dollars) {
+    const Money result = MoneyFrom(run, dollars);
+    if (run.error.empty()) Change(g, slot, result - amount);
+  };
+  switch (step.Op / 10 * 10) {
+    case Verb::Bet:
+      return PutUp(g, slot, value);
+    case Verb::Add:
+      return Change(g, slot, value);
+    case Verb::Subtract:
+      return Change(g, slot, -value);
+    case Verb::Multiply:
+      MoneyFrom(run, amount.ToDouble() * value.ToDouble());
+      if (run.error.empty()) Change(g, slot, Product(amount, value) - amount);
+      return;
+    default:
+      if (value == Money() || (step.Op != Verb::Divide && value < Money())) return;
+      return become(amount.ToDouble() / value.ToDouble());
+  }
+}
+
+// What the run of adjacent lines has come to with this line's value; nothing when the line changes nothing.
+std::optional<Money> BestOfGroup(AutoBetRun& run, std::int32_t form, Money value) {
+  switch (form) {
+    case Highest:
+    case HighestOfLast:
+      if (value <= run.groupValue) return {};
+      return run.groupValue = value;
+    case Lowest:
+    case LowestOfLast:
+      if (value <= Money() || (run.groupValue != Money() && value >= run.groupValue)) return {};
+      return run.groupValue = value;
+    default: {
+      if (value <= Money()) return {};
+      MoneyFrom(run, run.groupValue.ToDouble() + value.ToDouble());
+      run.groupValue += value;
+      ++run.groupCount;
+      const auto whole = static_cast<std::int64_t>(std::nearbyint(run.groupValue.ToDouble()));
+      return Dollars(whole / run.groupCount);  // the average is in whole dollars
+    }
+  }
+}
+
+// Only the best value of the run has effect: what an earlier line made of the bet is undone first.
+void ApplyToGroup(AutoBetRun& run, const ScriptStep& step, BetId slot, Money value) {
+  Game& g = run.g;
+  const std::int32_t form = step.Op % 10;
+  const bool divides = step.Op / 10 * 10 == Verb::Divide;
+  if (divides && WholeDollarsBelow(value) == Money()) return;
+  const bool isFirst = form >= Average ? run.groupCount == 0 : run.groupValue == Money();
+  const std::optional<Money> best = BestOfGroup(run, form, value);
+  if (!best || !run.error.empty()) return;
+  if (step.Op / 10 * 10 == Verb::Bet) return PutUp(g, slot, *best);
+  if (isFirst) run.groupBase = g.BetAmount[slot];
+  Overwrite(g, slot, run.groupBase);
+  if (!divides) return Apply(run, step, slot, *best);
+  const std::int64_t divisor = WholeDollarsBelow(*best).Units() / Money::kUnitsPerDollar;
+  if (divisor == 0) return;
+  const std::int64_t base = WholeDollarsBelow(run.groupBase).Units() / Money::kUnitsPerDollar;
+  Change(g, slot, Dollars(base / divisor) - run.groupBase);
+}
+
+}  // namespace
+
+void PutUp(Game& g, BetId slot, Money amount) {
+  Overwrite(g, slot, Money());
+  Change(g, slot, amount);
+}
+
+void ChangeAmount(AutoBetRun& run, const ScriptStep& step, BetId slot) {
+  const Money value = ValueOfLine(run, step);
+  if (!run.error.empty()) return;
+  if (step.Op % 10 <= PercentOfLast) {
+    Apply(run, step, slot, value);
+  } else {
+    ApplyToGroup(run, step, slot, value);
+  }
+}
+
+void RoundAmount(AutoBetRun& run, const ScriptStep& step, BetId slot) {
+  if (step.Amount == Money()) return;
+  const Money amount = run.g.BetAmount[slot];
+  const Money quotient = MoneyFrom(run, amount.ToDouble() / step.Amount.ToDouble());
+  if (!run.error.empty() || quotient.IsWhole()) return;
+  const Money down = Product(WholeDollarsBelow(quotient), step.Amount) - amount;
+  const Money up = down + step.Amount;
+  const bool upIsNearer = Abs(up) <= Abs(down);
+  const bool goesUp = step.LeftCode == Value::RoundUp || (step.LeftCode == Value::RoundNearest && upIsNearer);
+  Change(run.g, slot, goesUp ? up : down);
+}
+
+}  // namespace rollwick

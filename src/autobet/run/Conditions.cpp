@@ -1,0 +1,518 @@
+// One condition line: whether it holds now, and whether that is new since the roll before.
+#include <optional>
+#include <tuple>
+#include <utility>
+
+#include "autobet/model/Codes.h"
+#include "autobet/model/Script.h"
+#include "autobet/run/Run.h"
+#include "stats/tally/Tally.h"
+
+namespace rollwick {
+
+namespace {
+
+// Compares by Compare::EqualAmount..NotLessItem; false for any other comparison.
+bool CompareAmounts(Money left, std::int32_t op, Money right) {
+  switch (op) {
+    case Compare::EqualAmount:
+    case Compare::EqualItem:
+      return left == right;
+    case Compare::NotEqualAmount:
+    case Compare::NotEqualItem:
+      return left != right;
+    case Compare::GreaterAmount:
+    case Compare::GreaterItem:
+      return left > right;
+    case Compare::NotGreaterAmount:
+    case Compare::NotGreaterItem:
+      return left <= right;
+    case Compare::LessAmount:
+    case Compare::LessItem:
+      return left < right;
+    case Compare::NotLessAmount:
+    case Compare::NotLessItem:
+      return left >= right;
+    default:
+      return false;
+  }
+}
+
+struct Verdict {
+  bool isTrue = false;
+  bool isNew = false;
+};
+
+Verdict Both(bool holds) {
+  return {holds, holds};
+}
+
+bool IsAny(std::int32_t item) {
+  return item >= 1000 && item < 1100;
+}
+bool IsAll(std::int32_t item) {
+  return item >= 1100 && item < 1200;
+}
+bool IsTotal(std::int32_t item) {
+  return item >= 1200 && item < 1300;
+}
+
+bool IsWhile(std::int32_t kind) {
+  return IsStartOfConditions(kind) && !AsksForNew(kind);
+}
+
+// ---- Counters and events of the game.
+
+Verdict Counter(const ScriptStep& step, Money amount, std::int32_t count, bool mayBeNew) {
+  return {CompareAmounts(Dollars(count), step.Op, amount),
+          mayBeNew && !CompareAmounts(Dollars(count - 1), step.Op, amount)};
+}
+
+Verdict LastShooterCounter(const Game& g, const ScriptStep& step, Money amount, HandStat stat) {
+  return {CompareAmounts(Dollars(g.HandStats[stat]), step.Op, amount),
+          g.HandStats[HandRolls] == 0 && g.HandStats[HandsCompleted] > 0};
+}
+
+Verdict Hours(const Game& g, const ScriptStep& step, Money amount) {
+  if (g.RollsPerHour == Money()) return {};
+  const auto holds = [&](std::int32_t rolls) {
+    return CompareAmounts(Quotient(Dollars(rolls), g.RollsPerHour), step.Op, amount);
+  };
+  return {holds(g.RollCount()), !holds(g.RollCount() - 1)};
+}
+
+Verdict PassThisRoll(const Game& g) {
+  const auto& since = g.RollsSinceEvent;
+  const bool sevenOut = since[7] == 0 && g.PointBeforeRoll > 0;
+  return Both(g.Point == 0 && since[2] != 0 && since[3] != 0 && since[12] != 0 && !sevenOut);
+}
+
+Verdict MissThisRoll(const Game& g) {
+  const int total = g.DiceTotal;
+  const bool craps = total == 2 || total == 3 || total == 12;
+  return Both(g.RollCount() > 0 && g.Point == 0 && (craps || (total == 7 && g.PointBeforeRoll > 0)));
+}
+
+Verdict GameCondition(const Game& g, const ScriptStep& step, Money amount) {
+  const auto inSet = [&](int number) { return IsInNumberList(step.Op, number); };
+  const auto hand = [&](HandStat stat, bool mayBeNew) {
+    return Counter(step, amount, g.HandStats[stat], mayBeNew);
+  };
+  const bool comeOut = g.Point == 0;
+  const bool pointWasOn = g.PointBeforeRoll > 0;
+  switch (step.LeftCode) {
+    case Item::Initializing:
+      return Both(g.AutoBetsChanged || g.HotKeyRunning);
+    case Item::OnEachRoll:
+      return Both(g.RollsSinceEvent[EventEveryRoll] != g.RollCount());
+    case Item::NextIsComeOut:
+      return {comeOut, pointWasOn || g.RollCount() == 0};
+    case Item::NextIsNotComeOut:
+      return {!comeOut, !pointWasOn};
+    case Item::LastWasComeOut:
+      return {g.RollCount() > 0 && !pointWasOn, g.PointBeforeLast > 0};
+    case Item::LastWasNotComeOut:
+      return {pointWasOn, g.PointBeforeLast == 0};
+    case Item::PointIsOn:
+      return {inSet(g.Point), !pointWasOn};
+    case Item::PointIsNotOn:
+      return {!inSet(g.Point), inSet(g.PointBeforeRoll)};
+    case Item::PointMade:
+      return {g.DiceTotal != 7 && comeOut && inSet(g.PointBeforeRoll), pointWasOn};
+    case Item::PointLost:
+      return {g.DiceTotal == 7 && comeOut && inSet(g.PointBeforeRoll), pointWasOn};
+    case Item::PointDecided:
+      return {comeOut && inSet(g.PointBeforeRoll), pointWasOn};
+    case Item::AnsweredYes:
+      return Both(g.LastAnswer == static_cast<int>(Answer::Yes));
+    case Item::AnsweredNo:
+      return Both(g.LastAnswer == static_cast<int>(Answer::No));
+    case Item::GameRolls:
+      return Counter(step, amount, g.RollCount(), true);
+    case Item::ShooterRolls:
+      return hand(HandRolls, true);
+    case Item::LastShooterRolls:
+      return LastShooterCounter(g, step, amount, PreviousHandRolls);
+    // Meant: in a come-out state these are new again without a change of the count.
+    case Item::GamePasses:
+      return hand(TotalPasses, comeOut);
+    case Item::ShooterPasses:
+      return hand(HandPasses, comeOut);
+    case Item::GameMisses:
+      return hand(TotalMisses, comeOut);
+    case Item::ShooterMisses:
+      return hand(HandMisses, comeOut);
+    case Item::LastShooterPasses:
+      return LastShooterCounter(g, step, amount, PreviousHandPasses);
+    case Item::LastShooterMisses:
+      return LastShooterCounter(g, step, amount, PreviousHandMisses);
+    case Item::OnEachPass:
+      return PassThisRoll(g);
+    case Item::OnEachMiss:
+      return MissThisRoll(g);
+    case Item::SimulatedHours:
+      return Hours(g, step, amount);
+    default:
+      return {};
+  }
+}
+
+Verdict AvailableBankrollCondition(const Game& g, const ScriptStep& step, Money amount) {
+  const Money available = g.Rules.AllowNegBankroll ? g.BetAmount[SlotBankroll] : AvailableBankroll(g);
+  return Both(CompareAmounts(available, step.Op, amount));
+}
+
+// ---- Flags.
+
+Verdict OneFlag(const Game& g, const ScriptStep& step) {
+  if (step.Flag < 0) return {};
+  const FlagEntry& flag = g.ScriptFlags[static_cast<std::size_t>(step.Flag)];
+  return {(flag.Value != 0) == (step.Amount != Money()), flag.Value != flag.PrevValue};
+}
+
+// "Any" stops at the first flag that is as asked, "all" at the first that is not. Meant: the two counts walk
+// all flags and say what the last one does.
+Verdict ManyFlags(const Game& g, const ScriptStep& step) {
+  Verdict verdict;
+  for (const FlagEntry& flag : g.ScriptFlags) {
+    verdict.isNew = verdict.isNew || flag.Value != flag.PrevValue;
+    const bool isSet = flag.Value != 0;
+    verdict.isTrue = step.LeftCode == Item::TrueFlags || step.LeftCode == Item::FalseFlags
+                         ? Dollars(isSet ? 1 : 0) == step.Amount
+                         : isSet == (step.Amount != Money());
+    if (step.LeftCode == Item::AnyFlag && verdict.isTrue) break;
+    if (step.LeftCode == Item::AllFlags && !verdict.isTrue) break;
+  }
+  return verdict;
+}
+
+// ---- Outcomes of the dice.
+
+Verdict Outcome(const Game& g, const ScriptStep& step, Money amount) {
+  const RollEvent event = step.LeftCode - Item::FirstOutcome;
+  if (event >= kRollEventCount) return {};
+  const auto at = [event](const auto& table) { return Dollars(table[static_cast<std::size_t>(event)]); };
+  const Money count = at(g.TrackedEventCount), before = at(g.TrackedEventCountBefore);
+  const Money gap = at(g.TrackedRollBase), gapBefore = at(g.TrackedRollBaseBefore);
+  const bool none = count == Money();
+  switch (step.Op) {
+    case Compare::HasRolled:
+      if (amount == Money()) return {count > before, true};
+      return {count == amount, before != amount || none};
+    case Compare::HasRolledMore:
+      return {count > amount, before <= amount || none};
+    case Compare::HasNotRolled:
+      if (amount == Money()) return {count == before, true};
+      return {count != amount, before == amount || none};
+    case Compare::HasRolledLess:
+      return {count < amount, before >= amount || none};
+    case Compare::RolledInLast:
+      return {gap < amount && !none, gapBefore >= amount || before == Money()};
+    case Compare::NotRolledInLast:
+      return {gap >= amount && Dollars(g.TrackedEventCount[EventEveryRoll]) >= amount, gap == amount};
+    default:
+      return {};
+  }
+}
+
+// ---- Bets, stacks and the bankroll: what stands in slots.
+
+constexpr BetId kAverage = -1;    // in place of a slot: the moving average of the bankroll
+constexpr BetId kAvailable = -2;  // the available bankroll, which has no earlier value
+constexpr BetId kTotalOfLeft = -3;
+
+struct Amounts {
+  Money now;
+  Money before;
+};
+
+struct Sums {
+  Amounts amount;
+  std::int32_t countNow = 0, countBefore = 0;
+  std::int32_t wonRun = 0, lostRun = 0;
+  bool sameStreaks = true;
+};
+
+class RangedCondition {
+ public:
+  RangedCondition(AutoBetRun& run, const ScriptStep& step, Money amount)
+      : run_(run), g_(run.g), step_(step), amount_(amount) {}
+
+  Verdict Evaluate() {
+    if (!FindRanges()) return {};
+    return IsTotal(step_.LeftCode) ? Total() : Walk();
+  }
+
+ private:
+  // Slots an item stands for; nothing when there are none now.
+  std::optional<SlotRange> RangeOf(std::int32_t code, std::int32_t index) {
+    if (const auto group = GroupOfItem(code)) return group;
+    const auto only = [](BetId slot) { return SlotRange{slot, slot}; };
+    if (code >= 0 && code < SlotChipStack) return only(code);
+    switch (code) {
+      case Item::Bankroll:
+        return only(SlotBankroll);
+      case Item::AverageBankroll:
+        return only(kAverage);
+      case Item::AvailableBankroll:
+        return only(kAvailable);
+      case Value::AllStacks:
+        return SlotRange{SlotChipStack, kSlotCount - 1};
+      case Item::Stack:
+      case Item::StackRef: {
+        const BetId slot =
+            code == Item::Stack ? StackSlot(run_, index) : ReferredSlot(run_, Moment::Now, index);
+        if (slot != 0) return only(slot);
+        return {};
+      }
+      default:
+        if (const BetId bet = BetOnPoint(g_, code); bet != 0) return only(bet);
+        return {};
+    }
+  }
+
+  bool ComparesItems() const {
+    return IsComparisonWithItem(step_.Op) || step_.Op == Compare::IsNamed || step_.Op == Compare::IsNotNamed;
+  }
+
+  bool FindRanges() {
+    // Left codes below 1000 are no items; on the right they are single bets.
+    if (step_.LeftCode < Item::FirstAny) return false;
+    const auto left = RangeOf(step_.LeftCode, step_.LeftIndex);
+    if (!left) return false;
+    left_ = *left;
+    if (!ComparesItems()) return true;
+    const auto right = RangeOf(step_.RightCode, step_.RightIndex);
+    if (!right) return false;
+    right_ = *right;
+    return true;
+  }
+
+  Amounts AmountsOf(BetId slot, std::int32_t averageRolls) const {
+    if (slot == kAverage) return {MovingAverage(g_, 0, averageRolls), MovingAverage(g_, 1, averageRolls)};
+    if (slot == kAvailable) return {AvailableBankroll(g_), AvailableBankroll(g_)};
+    return {g_.BetAmount[slot], g_.BetAfterSettle[slot]};
+  }
+
+  Sums SumsOf(const SlotRange& range) {
+    SafeSum now, before;
+    Sums sums;
+    for (BetId slot = range.first; slot <= range.last; ++slot) {
+      now.Add(g_.BetAmount[slot]);
+      before.Add(g_.BetAfterSettle[slot]);
+      if (g_.BetAmount[slot] > Money()) ++sums.countNow;
+      if (g_.BetAfterSettle[slot] > Money()) ++sums.countBefore;
+      if (!IsBet(slot)) continue;
+      const auto [streakBefore, streak] = g_.BetStreak[slot];
+      (streak > 0 ? sums.wonRun : sums.lostRun) += streak;
+      if (streak != streakBefore) sums.sameStreaks = false;
+    }
+    sums.amount = {now.Total(run_), before.Total(run_)};
+    return sums;
+  }
+
+  Verdict Total() {
+    const Sums sums = SumsOf(left_);
+    const Money won = Dollars(sums.wonRun), lost = Dollars(-sums.lostRun);
+    const auto count = [](std::int32_t bets) { return Dollars(bets); };
+    bool now = false, was = false;
+    switch (step_.Op) {
+      case Compare::HasWon:
+        now = won == amount_, was = sums.sameStreaks;
+        break;
+      case Compare::HasWonMore:
+        now = won > amount_, was = sums.sameStreaks;
+        break;
+      case Compare::HasLost:
+        now = lost == amount_ && (amount_ != Money() || lost != Money()), was = sums.sameStreaks;
+        break;
+      case Compare::HasLostMore:
+        now = lost > amount_, was = sums.sameStreaks;
+        break;
+      case Compare::CountIs:
+        now = count(sums.countNow) == amount_, was = count(sums.countBefore) == amount_;
+        break;
+      case Compare::CountMore:
+        now = count(sums.countNow) > amount_, was = count(sums.countBefore) > amount_;
+        break;
+      case Compare::CountLess:
+        now = count(sums.countNow) < amount_, was = count(sums.countBefore) < amount_;
+        break;
+      default:
+        std::tie(now, was) = CompareElement(kTotalOfLeft, sums.amount);
+    }
+    return {now, !was};
+  }
+
+  // Newness looks back only at elements that had something: a bet that was empty is left out of the record.
+  Verdict Walk() {
+    const bool isGroup = IsAny(step_.LeftCode) || IsAll(step_.LeftCode);
+    const bool needsAmount = isGroup && amount_ != Money();
+    bool holds = false, anyWasTrue = false, someWasFalse = false;
+    for (BetId slot = left_.first; slot <= left_.last; ++slot) {
+      const Amounts amounts = AmountsOf(slot, step_.LeftIndex);
+      const auto [now, was] = Element(slot, amounts);
+      if (!needsAmount || amounts.before > Money()) (was ? anyWasTrue : someWasFalse) = true;
+      if (needsAmount && amounts.now == Money()) continue;
+      if (now) {
+        holds = true;
+        const bool stands = amounts.now > Money() || slot == SlotBankroll;
+        if (IsAny(step_.LeftCode) && stands && IsWhile(run_.blockKind)) break;
+      } else if (IsAll(step_.LeftCode)) {
+        holds = false;
+        break;
+      }
+    }
+    return {holds, !anyWasTrue || (IsAll(step_.LeftCode) && someWasFalse) || g_.RollCount() == 0};
+  }
+
+  std::pair<bool, bool> Element(BetId slot, const Amounts& amounts) {
+    const bool counts = slot >= 1 && slot <= kBetCount;
+    const auto streak = Streak(counts ? g_.BetStreak[slot][1] : 0, counts ? g_.BetStreak[slot][0] : 0);
+    return streak ? *streak : CompareElement(slot, amounts);
+  }
+
+  // Wins, or losses as a run with the sign turned; nothing for comparisons of another kind.
+  std::optional<std::pair<bool, bool>> Streak(std::int32_t streak, std::int32_t before) const {
+    std::int32_t op = step_.Op;
+    const bool losses = op == Compare::HasLost || op == Compare::HasLostMore || op == Compare::HasNotLost ||
+                        op == Compare::HasLostLess;
+    if (losses) {
+      streak = -streak, before = -before;
+      op -= 2;  // to the same comparison of wins
+    }
+    const Money run = Dollars(streak), runBefore = Dollars(before);
+    const bool wonThisRoll = streak > 0 && streak > before;
+    const bool each = amount_ == Money();
+    switch (op) {
+      case Compare::HasWon:
+        return each ? std::pair(wonThisRoll, false) : std::pair(run == amount_, runBefore == amount_);
+      case Compare::HasNotWon:
+        return each ? std::pair(!wonThisRoll, false) : std::pair(run != amount_, runBefore != amount_);
+      case Compare::HasWonMore:
+        return std::pair(run > amount_, runBefore > amount_);
+      case Compare::HasWonLess:
+        return std::pair(run < amount_, runBefore < amount_);
+      default:
+        return {};
+    }
+  }
+
+  std::pair<bool, bool> CompareElement(BetId slot, const Amounts& left) {
+    if (ComparesItems()) return IsTotal(step_.RightCode) ? CompareWithTotal(left) : ComparePairs(slot, left);
+    if (step_.Op >= Compare::CountIs && step_.Op <= Compare::CountLess && IsTotal(step_.RightCode))
+      return CompareWithCount(left);
+    return {CompareAmounts(left.now, step_.Op, amount_), CompareAmounts(left.before, step_.Op, amount_)};
+  }
+
+  // Meant: a total that takes in the left item is no comparison at all.
+  std::pair<bool, bool> CompareWithTotal(const Amounts& left) {
+    if (left_.first <= right_.last && right_.first <= left_.last) return {false, false};
+    const Sums right = SumsOf(right_);
+    return {CompareAmounts(left.now, step_.Op, right.amount.now),
+            CompareAmounts(left.before, step_.Op, right.amount.before)};
+  }
+
+  // Only a file can ask for this.
+  std::pair<bool, bool> CompareWithCount(const Amounts& left) {
+    const auto group = GroupOfItem(step_.RightCode);
+    if (!group) return {false, false};
+    const Sums right = SumsOf(*group);
+    const std::int32_t op = step_.Op == Compare::CountIs     ? Compare::EqualAmount
+                            : step_.Op == Compare::CountMore ? Compare::GreaterAmount
+                                                             : Compare::LessAmount;
+    return {CompareAmounts(left.now, op, Dollars(right.countNow)),
+            CompareAmounts(left.before, op, Dollars(right.countBefore))};
+  }
+
+  std::pair<bool, bool> ComparePairs(BetId slot, const Amounts& left) {
+    const std::int32_t code = step_.RightCode;
+    const bool isGroup = IsAny(code) || IsAll(code);
+    const bool needsAmount = isGroup && amount_ != Money();
+    bool holds = false, anyWasTrue = false, someWasFalse = false;
+    for (BetId other = right_.first; other <= right_.last; ++other) {
+      if (other == slot && other >= 0) continue;  // a bet is not compared with itself
+      const Amounts right = AmountsOf(other, step_.RightIndex);
+      const auto [now, was] = Pair(other, left, right);
+      if (!run_.error.empty()) return {false, false};
+      if (!needsAmount || (left.before > Money() && right.before > Money()))
+        (was ? anyWasTrue : someWasFalse) = true;
+      if (needsAmount && (left.now == Money() || right.now == Money())) continue;
+      if (now) {
+        holds = true;
+        if (IsAny(code) && IsWhile(run_.blockKind)) break;
+      } else if (IsAll(code)) {
+        holds = false;
+        break;
+      }
+    }
+    return {holds, anyWasTrue && !(IsAll(code) && someWasFalse)};
+  }
+
+  // No earlier names are kept, so a name is always new.
+  std::pair<bool, bool> Pair(BetId other, const Amounts& left, const Amounts& right) {
+    if (IsComparisonWithItem(step_.Op)) {
+      return {CompareAmounts(left.now, step_.Op, right.now),
+              CompareAmounts(left.before, step_.Op, right.before)};
+    }
+    // Meant: without a right item this is the name of Chip-Stack 1, whatever stands on the left.
+    const BetId stack = other + 1;
+    if (stack < 0 || stack >= kChipStackCount) {
+      StackSlot(run_, stack);
+      return {false, false};
+    }
+    const bool same =
+        TrimBlanks(g_.ChipStackName[static_cast<std::size_t>(stack)]) == TrimBlanks(LineOf(run_).Name);
+    return {same == (step_.Op == Compare::IsNamed), false};
+  }
+
+  AutoBetRun& run_;
+  const Game& g_;
+  const ScriptStep& step_;
+  Money amount_;
+  SlotRange left_;
+  SlotRange right_;
+};
+
+// What the left item is compared with: the typed amount, or what the right item stands at.
+Money AmountOf(AutoBetRun& run, const ScriptStep& step) {
+  if (step.Op == Compare::IsNamed || step.Op == Compare::IsNotNamed) return {};
+  if (!IsComparisonWithItem(step.Op)) return step.Amount;
+  const auto group = GroupOfItem(step.RightCode);
+  if (!group) return ValueOf(run, Moment::Now, step.RightCode, step.RightIndex);
+  SafeSum sum;
+  for (BetId slot = group->first; slot <= group->last; ++slot) sum.Add(run.g.BetAmount[slot]);
+  return sum.Total(run);
+}
+
+// A bet on the point while there is none, or a stack that refers to no stack.
+bool IsMissing(AutoBetRun& run, std::int32_t code, std::int32_t index) {
+  if (code == Item::StackRef) return ReferredSlot(run, Moment::Now, index) == 0;
+  return FirstOfPointItem(code) != 0 && run.g.Point == 0;
+}
+
+Verdict Evaluate(AutoBetRun& run, const ScriptStep& step) {
+  if (IsComparisonWithItem(step.Op) && IsMissing(run, step.RightCode, step.RightIndex)) return {};
+  const Money amount = AmountOf(run, step);
+  if (!run.error.empty()) return {};
+  const std::int32_t left = step.LeftCode;
+  if (left >= Item::FirstOutcome && left <= Item::LastOutcome) return Outcome(run.g, step, amount);
+  if (left == Item::Flag) return OneFlag(run.g, step);
+  if (left > Item::Flag && left <= Item::FalseFlags) return ManyFlags(run.g, step);
+  if (left == Item::AvailableBankroll) return AvailableBankrollCondition(run.g, step, amount);
+  if ((left >= Item::OnEachRoll && left < Item::Bankroll) || left == Item::SimulatedHours ||
+      left == Item::Initializing) {
+    return GameCondition(run.g, step, amount);
+  }
+  return RangedCondition(run, step, amount).Evaluate();
+}
+
+}  // namespace
+
+void EvaluateConditionLine(AutoBetRun& run, const ScriptStep& step) {
+  const Verdict verdict = Evaluate(run, step);
+  run.blockTrue = verdict.isTrue;
+  run.lineOccurred = verdict.isTrue && verdict.isNew;
+}
+
+}  // namespace rollwick

@@ -1,0 +1,111 @@
+// What lives for one run of the script.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "autobet/model/Script.h"
+#include "engine/state/Game.h"
+
+namespace rollwick {
+
+struct AutoBetRun {
+  explicit AutoBetRun(Game& game) : g(game) {}
+
+  Game& g;
+
+  bool blockTrue = false;      // all conditions of the block so far were true
+  bool lineOccurred = false;   // the last condition tested is true and was not before this roll
+  bool blockOccurred = false;  // the same of some condition of the part since the last start line
+  std::int32_t blockKind = 0;  // LineKind of the last start line met
+  bool prevBlockTrue = false;  // result of the block before, for or and xor
+  std::int32_t xorMode = 0;    // KindXorWhen or KindXorWhile while such a block is open
+  bool decided = false;        // the conditions as a whole are true; the rest of them is not tested
+
+  std::int32_t jumpTo = 0;     // asked for by an action: line of a label, -1 for one that is not there
+  bool returnPending = false;  // asked for by an action
+  std::vector<std::int32_t> returnLines;  // of Gosub lines, the last one called at the back
+
+  // Of adjacent lines with the same verb and target that look for a highest, lowest or average.
+  Money groupValue;
+  std::int32_t groupCount = 0;
+  Money groupBase;  // the bet as it stood before the first of them
+
+  std::string message;  // gathered from adjacent message lines
+  std::int32_t linesSincePump = 0;
+  std::uint32_t startedAt = 0;  // of the clock; the pause for eyes counts from here
+  std::string error;            // why the line cannot be carried out, with its number; ends the run
+};
+
+inline void Fail(AutoBetRun& run, std::string_view what, int number) {
+  run.error = std::string(what) + ", Error #" + std::to_string(number);
+}
+inline void FailOverflow(AutoBetRun& run) {
+  Fail(run, "The amount is beyond all limits", 6);
+}
+
+// The slot of Chip-Stack `number`; a number that is no stack's fails the run, and gives slot 0.
+BetId StackSlot(AutoBetRun& run, std::int32_t number);
+
+enum class Moment { Now, AtThrow };
+
+// The slot of the stack that stack `number` refers to by its value of that moment; 0 when that is no stack.
+BetId ReferredSlot(AutoBetRun& run, Moment moment, std::int32_t number);
+
+// The bet of this kind (Item::PointLay, ...) on the shooter's point; 0 on the come-out.
+BetId BetOnPoint(const Game& g, std::int32_t item);
+
+// The value of a code behind "of", as it is now or as it stood at the throw; 0 for a code that has none. For
+// 1401 `index` is the rolls of the average, for stacks their number.
+Money ValueOf(AutoBetRun& run, Moment moment, std::int32_t code, std::int32_t index);
+
+// Sums beyond the range of Money fail the run.
+class SafeSum {
+ public:
+  void Add(Money amount) { units_ += amount.Units(); }
+  Money Total(AutoBetRun& run) const;
+
+ private:
+  __extension__ __int128 units_ = 0;
+};
+
+// `dollars` rounded once, ties to even; beyond the range it fails the run.
+Money MoneyFrom(AutoBetRun& run, double dollars);
+
+// Rebuilds g.ScriptProgram from the lines.
+void DecodeScript(Game& g);
+
+// Tests a condition line: sets blockTrue and lineOccurred.
+void EvaluateConditionLine(AutoBetRun& run, const ScriptStep& step);
+
+// Carries an action line out on each of its targets.
+void ExecuteAction(AutoBetRun& run, const ScriptStep& step);
+
+// The verbs that change an amount: 10..58 and Round, on one slot.
+void ChangeAmount(AutoBetRun& run, const ScriptStep& step, BetId slot);
+void RoundAmount(AutoBetRun& run, const ScriptStep& step, BetId slot);
+// The slot to zero without a word to the rules, then the amount put up through them.
+void PutUp(Game& g, BetId slot, Money amount);
+
+// Messages and questions, gathered from adjacent lines and shown behind the last of them.
+void SayLine(AutoBetRun& run, const ScriptStep& step);
+// What the player enters for Get input; nothing when the prompt was closed.
+std::optional<Money> AskForInput(AutoBetRun& run);
+
+// The output file.
+void OpenOutput(AutoBetRun& run, bool append);
+void CloseOutput(AutoBetRun& run);
+void WriteOutput(AutoBetRun& run, std::string_view text);
+
+// The line at work, and its name without blanks at the right.
+inline const ScriptLine& LineOf(const AutoBetRun& run) {
+  return run.g.ScriptLines[static_cast<std::size_t>(run.g.CurrentLine - 1)];
+}
+inline std::string_view NameOf(const AutoBetRun& run) {
+  return TrimRight(LineOf(run).Name);
+}
+
+}  // namespace rollwick

@@ -1,0 +1,84 @@
+// The Auto-Bet script: its lines as they are logged, its flags, and what a run shares with the table.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "base/Money.h"
+#include "engine/state/Bets.h"
+
+namespace rollwick {
+
+enum LineKind : std::int32_t {
+  KindWhen = 1,  // the When kinds ask for something new on this roll; the While kinds do not
+  KindWhile,
+  KindAndWhen,
+  KindAndWhile,
+  KindOrWhen,
+  KindOrWhile,
+  KindXorWhen,
+  KindXorWhile,
+  KindThen = 11,
+  KindElse,
+  KindDoThis,
+  KindCondition = 20,
+  KindAction = 30,
+  KindLabel = 90,
+  KindComment = 99,
+};
+
+inline constexpr std::size_t kLongestName = 80;       // characters, as files keep them
+inline constexpr std::size_t kLongestLineText = 128;  // the same
+
+// One logged line. A run reads the coded fields; Text is for people, and for the prompt of an input.
+struct ScriptLine {
+  std::int32_t Kind = 0;
+  std::int32_t Op = 0;         // of a condition its comparison, of an action its verb
+  std::string Name;            // of a flag, stack, label or file, or the words of a message
+  Money Amount;                // of a flag line 1 for True and 0 for False
+  std::int32_t LeftCode = 0;   // of a condition its left item, of an action what stands behind "of"
+  std::int32_t LeftIndex = 0;  // the stack's number, or the rolls of an average
+  std::int32_t LeftAux = 0;    // kept for files
+  std::int32_t RightCode = 0;  // of a condition the item compared with, of an action its target
+  std::int32_t RightIndex = 0;
+  std::int32_t RightAux = 0;
+  bool Selected = false;  // in the editor
+  std::int32_t Band = 0;  // colour class in the editor: 0 and 1 alternate, 3 label, 4 comment
+  std::string Text;
+  friend bool operator==(const ScriptLine&, const ScriptLine&) = default;
+};
+
+struct FlagEntry {
+  std::string Name;
+  std::int16_t Value = 0;      // 0 is false
+  std::int16_t PrevValue = 0;  // as it stood at the end of the last roll
+};
+
+// A script line as a run takes it: names looked up, jumps found. Rebuilt from the lines when they change.
+struct ScriptStep {
+  std::int32_t Kind = 0;
+  std::int32_t Op = 0;
+  std::int32_t LeftCode = 0;
+  std::int32_t LeftIndex = 0;
+  std::int32_t RightCode = 0;
+  std::int32_t RightIndex = 0;
+  std::int32_t Jump = 0;    // of Go to and Gosub the line of the label; 0 names none, -1 is not there
+  std::int32_t Flag = -1;   // first flag of the name; -1: no such flag
+  bool StartsGroup = true;  // the line before is no action with the same verb and target
+  bool AllNumbers = false;  // of Reset rolls: every event of the dice
+  Money Amount;
+};
+
+struct ScriptTables {
+  std::int32_t AutoBetsActive = 0;  // 1 while the player has the script switched on
+  bool AutoBetsChanged = false;     // since the last offer to initialize
+  bool HotKeyRunning = false;
+  bool StepTraceOn = false;
+  bool ScriptDirty = false;               // differs from its file
+  std::int32_t ScriptInsertLine = 1;      // where the editor logs the next line
+  std::int32_t CurrentLine = 0;           // of the run, from 1
+  std::int32_t LastAnswer = 1;            // of the script's questions: an Answer
+  std::int32_t LoggedAutoBetEnabled = 0;  // AutoBetsActive at the end of the last roll
+};
+
+}  // namespace rollwick
