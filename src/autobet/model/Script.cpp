@@ -1,6 +1,8 @@
 #include "autobet/model/Script.h"
 
 #include <algorithm>
+#include <iterator>
+#include <unordered_set>
 
 #include "autobet/model/Codes.h"
 
@@ -8,9 +10,13 @@ namespace rollwick {
 
 namespace {
 
+// A hostile file may name a flag in each of its lines, so names are looked up, not searched for.
 void AddFlags(Game& g, const std::vector<ScriptLine>& lines) {
+  std::unordered_set<std::string> names;
+  for (const FlagEntry& flag : g.ScriptFlags) names.insert(LowerTrimmed(flag.Name));
   for (const ScriptLine& line : lines) {
-    if (NamesFlag(line)) AddFlagName(g, line.Name);
+    if (!NamesFlag(line) || !names.insert(LowerTrimmed(line.Name)).second) continue;
+    g.ScriptFlags.push_back({std::string(TrimRight(line.Name)), 0, 0});
   }
 }
 
@@ -41,15 +47,6 @@ std::string LowerTrimmed(std::string_view text) {
 bool NamesFlag(const ScriptLine& line) {
   return (line.Kind == KindCondition && line.LeftCode == Item::Flag) ||
          (line.Kind == KindAction && line.Op == Verb::SetFlag);
-}
-
-void AddFlagName(Game& g, std::string_view name) {
-  const std::string lower = LowerTrimmed(name);
-  for (const FlagEntry& flag : g.ScriptFlags) {
-    if (LowerTrimmed(flag.Name) == lower) return;
-  }
-  g.ScriptFlags.push_back({std::string(TrimRight(name)), 0, 0});
-  g.ScriptIsDecoded = false;
 }
 
 void ClearScript(Game& g) {

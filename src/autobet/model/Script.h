@@ -13,15 +13,13 @@ namespace rollwick {
 void ClearScript(Game& g);
 
 // Takes `lines` for the script, under this short name and path. Flags are found anew and are false; a script
-// loaded for a hot key leaves name, flags and the state of change alone.
+// loaded for a hot key leaves name, flags and the state of change alone. A flag comes into being when a line
+// names it. Names that differ in case only are one flag, under the name that came first. Meant: a run
+// compares names exactly, so the other spelling finds no flag.
 void ReplaceScript(Game& g, std::vector<ScriptLine> lines, std::string_view name, std::string_view path);
 
 // Puts `lines` in at ScriptInsertLine, selected; all others are not. Flags they name are added.
 void InsertLines(Game& g, std::vector<ScriptLine> lines);
-
-// A flag comes into being when a line names it. Names that differ in case only are one flag, under the name
-// that came first. Meant: a run compares names exactly, so the other spelling finds no flag.
-void AddFlagName(Game& g, std::string_view name);
 
 // Whether the line names a flag.
 bool NamesFlag(const ScriptLine& line);

@@ -45,9 +45,12 @@ void Overwrite(Game& g, BetId slot, Money amount) {
 void Apply(AutoBetRun& run, const ScriptStep& step, BetId slot, Money value) {
   Game& g = run.g;
   const Money amount = g.BetAmount[slot];
-  const auto become = [&](double dollars) {
-    const Money result = MoneyFrom(run, dollars);
-    if (run.error.empty()) Change(g, slot, result - amount);
+  const auto become = [&](Money result) {
+    SafeSum change;
+    change.Add(result);
+    change.Add(-amount);
+    const Money by = change.Total(run);
+    if (run.error.empty()) Change(g, slot, by);
   };
   switch (step.Op / 10 * 10) {
     case Verb::Bet:
@@ -58,11 +61,10 @@ void Apply(AutoBetRun& run, const ScriptStep& step, BetId slot, Money value) {
       return Change(g, slot, -value);
     case Verb::Multiply:
       MoneyFrom(run, amount.ToDouble() * value.ToDouble());
-      if (run.error.empty()) Change(g, slot, Product(amount, value) - amount);
-      return;
+      return become(Product(amount, value));
     default:
       if (value == Money() || (step.Op != Verb::Divide && value < Money())) return;
-      return become(amount.ToDouble() / value.ToDouble());
+      return become(MoneyFrom(run, amount.ToDouble() / value.ToDouble()));
   }
 }
 

@@ -18,6 +18,7 @@ void FailFile(AutoBetRun& run, int error) {
 void OpenOutput(AutoBetRun& run, bool append) {
   Game& g = run.g;
   CloseOutput(run);
+  if (!run.error.empty()) return;
   g.OutputFileName = TrimBlanks(LineOf(run).Name);
   const FileGrant grant = g.TheHost->GrantFile(g, g.OutputFileName, FileUse::Write);
   if (!grant.refusal.empty()) return Fail(run, grant.refusal, EACCES);
