@@ -1,5 +1,9 @@
 #include "bench/Games.h"
 
+#include <stdexcept>
+
+#include "autobet/model/Script.h"
+#include "autobet/model/ScriptText.h"
 #include "dice/Draw.h"
 #include "engine/bets/Placement.h"
 #include "engine/cycle/RollDice.h"
@@ -73,6 +77,78 @@ void PlayAtRandom(Game& g, std::uint32_t& sequence, int rolls) {
   }
 }
 
+constexpr std::string_view kIronCross = R"(While . . .
+          Next roll is NOT a come-out roll
+    then . . .
+          Bet $ 5 on Field
+          Bet $ 5 on Place 5
+          Bet $ 6 on Place 6
+          Bet $ 6 on Place 8
+)";
+
+// Pass Line and two Come bets with odds, the inside numbers, a hardway that presses, and a count of losses.
+constexpr std::string_view kTenRules = R"(While . . .
+          Next roll is a come-out roll
+    then . . .
+          Bet $ 10 on Pass Line
+While . . .
+          Next roll is NOT a come-out roll
+and while . . .
+          Total Come bets number less than 2
+    then . . .
+          Bet $ 10 on Come
+When . . .
+          A point is established on any number
+    then . . .
+          Bet $ 20 on Pass Line Odds
+          Bet $ 10 on all inside Place bets
+While . . .
+          Any Come bet is greater than $ 0
+    then . . .
+          Bet $ 20 on all Come Odds bets
+When . . .
+          On each pass
+    then . . .
+          Bet $ 1 on Hard 8
+When . . .
+          Hard 8 (4-4) has rolled each time
+    then . . .
+          Multiply by 2 on Hard 8
+While . . .
+          Place (shooter's point) is greater than $ 0
+    then . . .
+          Bet $ 0 on Place (shooter's point)
+When . . .
+          A point is decided "against" any number
+    then . . .
+          Add $ 1 to Chip-Stack # 1
+When . . .
+          Any Place bet has won
+or when . . .
+          Chip-Stack # 1 is greater than $ 3
+    then . . .
+          Bet $ 0 on Chip-Stack # 1
+    else . . .
+          Bet $ 5 on Field
+When . . .
+          Number 7 (3-4) or (4-3) has rolled 3 times
+and while . . .
+          Bankroll is greater than $ 100
+    then . . .
+          Bet $ 1 on Twelve
+)";
+
+void SwitchOn(Game& g, std::string_view script) {
+  ParsedScript parsed = ParseScriptText(script);
+  if (!parsed.errors.empty()) {
+    const ScriptTextError& error = parsed.errors.front();
+    throw std::logic_error("line " + std::to_string(error.line) + ": " + error.message);
+  }
+  ReplaceScript(g, std::move(parsed.lines), "", "");
+  g.AutoBetsActive = 1;
+  g.AutoBetsChanged = false;
+}
+
 }  // namespace
 
 std::unique_ptr<Game> OpenGame(SilentHost& host, Bettor bettor, std::int32_t seed) {
@@ -83,6 +159,10 @@ std::unique_ptr<Game> OpenGame(SilentHost& host, Bettor bettor, std::int32_t see
   Seed(g, RngMersenne, seed);
   g.Rules.AllowNegBankroll = true;
   g.HandleWinningBets = WinSameBet;
+  if (bettor == Bettor::IronCross || bettor == Bettor::TenRules) {
+    SwitchOn(g, bettor == Bettor::IronCross ? kIronCross : kTenRules);
+    return game;
+  }
   g.HandleLosingBets = LossSameBet;
   PutUp(g, Bet::PassLine, 10);
   if (bettor == Bettor::FiveBets) {

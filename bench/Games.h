@@ -20,10 +20,12 @@ class SilentHost : public Host {
 enum class Bettor {
   PassLineOnly,  // one bet, always up
   FiveBets,      // Pass Line, Field, Place 6, Place 8, Hard 8, always up
+  IronCross,     // a script: Field, Place 5, 6 and 8 while a point is on
+  TenRules,      // a script of ten rules with five to eight bets up
 };
 
-// A house at its defaults with RNG #1 seeded and the bettor's bets up for good: won or lost, each stays the
-// same.
+// A house at its defaults with RNG #1 seeded and the bettor's bets up for good (won or lost, each stays the
+// same), or the bettor's script switched on.
 std::unique_ptr<Game> OpenGame(SilentHost& host, Bettor bettor, std::int32_t seed);
 
 // Rolls that many times in Hyper-Drive; the roll count starts anew when it comes near its limit.

@@ -37,6 +37,8 @@ void WholeRoll(benchmark::State& state, Bettor bettor) {
 BENCHMARK(BareDraw)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(WholeRoll, PassLineOnly, Bettor::PassLineOnly)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(WholeRoll, FiveBets, Bettor::FiveBets)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(WholeRoll, IronCross, Bettor::IronCross)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(WholeRoll, TenRules, Bettor::TenRules)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace rollwick

@@ -30,6 +30,7 @@ struct Fits {
 };
 
 Fits FitTo(Money amount, Money change, Money unit) {
+  if (unit != Money() && IsMultipleOf(amount + change, unit)) return {change, change};
   const double quotient = std::round((amount + change).ToDouble() / unit.ToDouble() * 1e9) / 1e9;
   const double whole = std::floor(quotient);
   if (quotient == whole) return {change, change};
