@@ -20,8 +20,12 @@ OutputFile::~OutputFile() {
 
 int OutputFile::Open(const std::filesystem::path& path, bool append) {
   if (const int error = Close(); error != 0) return error;
-  descriptor_ = open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | (append ? O_APPEND : O_TRUNC), 0666);
-  return descriptor_ < 0 ? errno : 0;
+  // Without blocking: a pipe that nobody reads is refused instead of holding the game up.
+  const int flags = O_WRONLY | O_CREAT | O_CLOEXEC | O_NONBLOCK | (append ? O_APPEND : O_TRUNC);
+  descriptor_ = open(path.c_str(), flags, 0666);
+  if (descriptor_ < 0) return errno;
+  fcntl(descriptor_, F_SETFL, append ? O_APPEND : 0);
+  return 0;
 }
 
 int OutputFile::Write(std::string_view text) {

@@ -2,12 +2,16 @@
 #include "console/Console.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <ostream>
 
 #include "base/Nearest.h"
 #include "console/DiceDraw.h"
+#include "console/DiceFileText.h"
 #include "console/Play.h"
 #include "console/PlayCommands.h"
+#include "console/Run.h"
+#include "console/ScriptCommands.h"
 #include "console/Words.h"
 
 namespace rollwick {
@@ -30,7 +34,11 @@ struct CommandLine {
   std::string rng = "1";
   std::string playFile;
   std::string rolls;
-  std::string rollFile;
+  std::string file;    // read
+  std::string output;  // written
+  std::string first, count;
+  bool isPlain = false;
+  RunOptions run;
 };
 
 void AddCommonOptions(CLI::App& app, CommandLine& line) {
@@ -45,8 +53,48 @@ void AddCommonOptions(CLI::App& app, CommandLine& line) {
       ->expected(1)
       ->allow_extra_args(false)
       ->take_all();
+  app.add_option("--dice", line.common.diceFile, "Plays the rolls of a Dice Roll File (play and run)")
+      ->type_name("FILE.rol");
   app.add_flag("--json", line.common.json, "Results as JSON, one object a line");
   app.add_flag("--quiet", line.common.quiet, "Shows no progress of long runs");
+}
+
+void AddAllowWrite(CLI::App& command, CommandLine& line) {
+  command.add_flag("--allow-write", line.common.scriptsMayWrite,
+                   "Scripts may write and read files outside of their folder");
+}
+
+CLI::App* AddFileCommand(CLI::App& parent, CommandLine& line, const char* name, const char* help,
+                         const char* file) {
+  CLI::App* const command = parent.add_subcommand(name, help);
+  command->fallthrough();
+  command->add_option(file, line.file)->required()->type_name("");
+  return command;
+}
+
+CLI::App* AddRun(CLI::App& app, CommandLine& line) {
+  RunOptions& run = line.run;
+  CLI::App* const command = app.add_subcommand("run", "A betting system at full speed");
+  command->fallthrough();
+  command->add_option("SCRIPT", run.script, "The script: a script file or a text")->required()->type_name("");
+  command->add_option("--rolls", run.rolls, "How many, 1 to 100,000,000")->required()->type_name("N");
+  command->add_option("--bankroll", run.bankroll, "The bankroll to begin with (usual: 500)")
+      ->type_name("AMOUNT");
+  command->add_flag("--init", run.initializes, "Runs the script once before the first roll");
+  command->add_option("--set", run.settings, "Changes a setting first; may be repeated")
+      ->type_name("NAME=VALUE")
+      ->expected(1)
+      ->allow_extra_args(false)
+      ->take_all();
+  command->add_option("--events", run.eventsFile, "Writes the Events Log to this file")->type_name("FILE");
+  command->add_option("--record", run.recordFile, "Records the rolls in a Dice Roll File")
+      ->type_name("FILE.rol");
+  command
+      ->add_option("--output-dir", run.outputFolder,
+                   "Where the script's own files lie (usual: the data folder)")
+      ->type_name("DIR");
+  AddAllowWrite(*command, line);
+  return command;
 }
 
 std::string FirstLine(std::string text) {
@@ -56,8 +104,8 @@ std::string FirstLine(std::string text) {
 
 // The words of a line CLI11 could not use; the nearest command for an unknown one.
 std::string WhatIsWrong(const CLI::ParseError& error, const std::vector<std::string>& words) {
-  const std::vector<std::string> commands = {"play", "dice"};
-  if (!words.empty() && !words[0].starts_with('-') && words[0] != "play" && words[0] != "dice") {
+  const std::vector<std::string> commands = {"play", "run", "dice", "script"};
+  if (!words.empty() && !words[0].starts_with('-') && std::ranges::count(commands, words[0]) == 0) {
     return "there is no command \"" + Echo(words[0]) + "\"." + DidYouMean(words[0], commands);
   }
   return FirstLine(error.what());
@@ -78,12 +126,13 @@ int RunConsole(const std::vector<std::string>& words, const Terminal& terminal) 
   app.require_subcommand(0, 1);
   AddCommonOptions(app, line);
   const std::string common =
-      "The options of `rollwick --help` apply: --data, --rng, --seed, --answer, --json, --quiet.";
+      "The options of `rollwick --help` apply: --data, --rng, --seed, --answer, --dice, --json, --quiet.";
 
   CLI::App* const play = app.add_subcommand("play", "One game, command by command, from a file or as typed");
   play->fallthrough();
   play->add_option("FILE", line.playFile, "The commands, one a line (usual: the standard input)")
       ->type_name("");
+  AddAllowWrite(*play, line);
   play->footer("Commands:\n" + PlayHelp() +
                "\nA bet is named with _ for blanks, in double quotes or by its number.\n" + common);
 
@@ -92,8 +141,28 @@ int RunConsole(const std::vector<std::string>& words, const Terminal& terminal) 
   CLI::App* const draw = dice->add_subcommand("draw", "Draws rolls: two dice a line, or a Dice Roll File");
   draw->fallthrough();
   draw->add_option("--rolls", line.rolls, "How many, 1 to 100,000,000")->required()->type_name("N");
-  draw->add_option("-o,--output", line.rollFile, "The Dice Roll File to write")->type_name("FILE.rol");
+  draw->add_option("-o,--output", line.output, "The Dice Roll File to write")->type_name("FILE.rol");
   draw->footer(common);
+  CLI::App* const diceShow = AddFileCommand(*dice, line, "show", "A Dice Roll File as text", "FILE.rol");
+  diceShow->add_option("--first", line.first, "The first roll to show (usual: 1)")->type_name("N");
+  diceShow->add_option("--count", line.count, "How many (usual: all)")->type_name("N");
+  CLI::App* const diceMake =
+      AddFileCommand(*dice, line, "make", "A Dice Roll File from a text of two faces a line", "TEXTFILE");
+  diceMake->add_option("-o,--output", line.output, "The Dice Roll File")->required()->type_name("FILE.rol");
+
+  CLI::App* const run = AddRun(app, line);
+  run->footer(common);
+
+  CLI::App* const script = app.add_subcommand("script", "Auto-Bet scripts as texts and files");
+  script->fallthrough()->require_subcommand(1);
+  CLI::App* const show = AddFileCommand(*script, line, "show", "A script with line numbers", "FILE");
+  show->add_flag("--plain", line.isPlain, "Without numbers, as `script build` reads it");
+  CLI::App* const build = AddFileCommand(*script, line, "build", "A script file from a text", "TEXTFILE");
+  build->add_option("-o,--output", line.output, "The script file")->required()->type_name("FILE.bet");
+  CLI::App* const check =
+      AddFileCommand(*script, line, "check", "Whether a script is properly structured", "FILE");
+  CLI::App* const statements = script->add_subcommand("statements", "Every statement a script may use");
+  statements->fallthrough();
 
   try {
     app.parse(std::vector<std::string>(words.rbegin(), words.rend()));
@@ -108,7 +177,15 @@ int RunConsole(const std::vector<std::string>& words, const Terminal& terminal) 
   if (!rng) return Usage(terminal, "--rng takes a generator from 1 to 8.");
   line.common.rng = static_cast<int>(*rng);
   if (play->parsed()) return RunPlay(line.common, line.playFile, terminal);
-  if (draw->parsed()) return RunDiceDraw(line.common, line.rolls, line.rollFile, terminal);
+  if (run->parsed()) return RunBettingSystem(line.common, line.run, terminal);
+  if (!line.common.diceFile.empty()) return Usage(terminal, "--dice is for play and run.");
+  if (draw->parsed()) return RunDiceDraw(line.common, line.rolls, line.output, terminal);
+  if (diceShow->parsed()) return RunDiceShow(line.file, line.first, line.count, line.common.json, terminal);
+  if (diceMake->parsed()) return RunDiceMake(line.file, line.output, terminal);
+  if (show->parsed()) return RunScriptShow(line.file, line.isPlain, line.common.json, terminal);
+  if (build->parsed()) return RunScriptBuild(line.file, line.output, terminal);
+  if (check->parsed()) return RunScriptCheck(line.file, terminal);
+  if (statements->parsed()) return RunScriptStatements(terminal);
   terminal.out << app.help();
   return ExitUsage;
 }

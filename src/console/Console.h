@@ -29,8 +29,10 @@ struct CommonOptions {
   int rng = 1;             // as users count them, 1..8
   std::string seed;        // empty: from the clock
   std::vector<std::string> answers;
+  std::string diceFile;  // played back; empty: none
   bool json = false;
   bool quiet = false;
+  bool scriptsMayWrite = false;  // anywhere, and read
 };
 
 }  // namespace rollwick

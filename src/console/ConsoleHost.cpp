@@ -1,6 +1,7 @@
 // Answers in order, and runs that Ctrl-C can end.
 #include "console/ConsoleHost.h"
 
+#include <algorithm>
 #include <ostream>
 
 #include "base/FormatNumber.h"
@@ -21,6 +22,20 @@ std::string Join(const std::vector<SettleRow>& rows) {
   std::string text;
   for (const SettleRow& row : rows) text += (text.empty() ? "" : "\r") + row.label + " " + row.amount;
   return text;
+}
+
+// Whether `path`, when all links are followed, lies in `folder`. A link to what is not there leads nobody
+// knows where.
+bool IsInFolder(const std::filesystem::path& path, const std::filesystem::path& folder) {
+  std::error_code error;
+  const auto resolvedFolder = std::filesystem::weakly_canonical(folder.parent_path(), error);
+  if (error) return false;
+  auto resolved = std::filesystem::weakly_canonical(path, error);
+  if (error || resolved == resolvedFolder) return false;
+  for (; resolved != resolvedFolder; resolved = resolved.parent_path()) {
+    if (!resolved.has_relative_path() || is_symlink(symlink_status(resolved, error))) return false;
+  }
+  return true;
 }
 
 }  // namespace
@@ -47,14 +62,16 @@ void ConsoleHost::Roll(Game& g, std::int32_t rolls) {
   EndRun();
 }
 
-std::int32_t ConsoleHost::HyperDrive(Game& g, std::int32_t rolls) {
+std::int64_t ConsoleHost::HyperDrive(Game& g, std::int32_t rolls, bool throughGames) {
   StartRun(g, rolls);
-  g.AutoRollsSet = g.AutoRollsLeft = rolls;
-  const std::int32_t before = g.RollCount();
+  g.AutoRollsSet = g.AutoRollsLeft = throughGames ? 0 : rolls;
+  g.RollsInRunSet = throughGames ? rolls : 0;
+  g.RollsInRun = 0;
   ToggleHyperDrive(g);
+  g.RollsInRunSet = 0;
   g.KeepRolling = false;
   EndRun();
-  return g.RollCount() - before;
+  return g.RollsInRun;
 }
 
 std::uint32_t ConsoleHost::Milliseconds(Game&) {
@@ -63,7 +80,7 @@ std::uint32_t ConsoleHost::Milliseconds(Game&) {
 }
 
 void ConsoleHost::PumpEvents(Game& g) {
-  if (WasInterrupted()) g.KeepRolling = false;
+  if (WasInterrupted()) g.KeepRolling = g.AutoBetRunning = false;  // also a script that goes round for ever
   if (progress_ != nullptr) ShowProgress(g);
 }
 
@@ -114,10 +131,26 @@ SettleAnswer ConsoleHost::Settle(Game&, const SettleQuestion& question) {
   return {choice, {}};
 }
 
+FileGrant ConsoleHost::GrantFile(Game&, std::string_view name, FileUse use) {
+  namespace fs = std::filesystem;
+  if (name.empty() || name.find('\0') != std::string_view::npos) return {{}, "The script names no file"};
+  const fs::path folder = fs::absolute(scriptFolder) / "", named = folder / name;
+  if (!scriptsMayLeaveIt && !IsInFolder(named, folder)) {
+    const std::string what = use == FileUse::Write ? "write" : "read";
+    return {{},
+            "The file \"" + Echo(name) + "\" lies outside of " + folder.parent_path().string() +
+                ", where scripts may " + what + "; --allow-write lets them " + what + " anywhere"};
+  }
+  std::error_code unknown;  // opening the file will tell
+  if (use == FileUse::Write && named.parent_path() == folder.parent_path()) {
+    fs::create_directories(folder, unknown);
+  }
+  return {named, {}};
+}
+
 void ConsoleHost::StartRun(Game& g, std::int32_t rolls) {
   g.LastStopMessage.clear();  // of the run before: this one may be refused at its start
   progressRolls_ = rolls;
-  rollsAtStart_ = g.RollCount();
   started_ = lastShown_ = Clock::now();
 }
 
@@ -126,13 +159,13 @@ void ConsoleHost::ShowProgress(const Game& g) {
   const double seconds = std::chrono::duration<double>(now - started_).count();
   if (seconds < 1 || now - lastShown_ < std::chrono::milliseconds(250)) return;
   lastShown_ = now;
-  const std::int32_t done = g.RollCount() - rollsAtStart_;
-  const double perSecond = done / seconds;
+  const std::int64_t done = g.HyperDriveActive ? g.RollsInRun : progressRolls_ - rollsWanted_;
+  const double perSecond = static_cast<double>(done) / seconds;
   std::string line = FormatMoney(Dollars(done)) + " rolls  " +
                      FormatMoney(Dollars(static_cast<std::int64_t>(perSecond))) + " rolls/s  bankroll " +
                      FormatMoney(g.BetAmount[SlotBankroll], "$");
   if (progressRolls_ > done && perSecond >= 1)
-    line += "  " + Seconds((progressRolls_ - done) / perSecond) + " left";
+    line += "  " + Seconds(static_cast<double>(progressRolls_ - done) / perSecond) + " left";
   *progress_ << "\r\x1b[K" << line << std::flush;
   progressIsShown_ = true;
 }

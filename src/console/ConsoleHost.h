@@ -5,6 +5,7 @@
 #include <atomic>
 #include <chrono>
 #include <deque>
+#include <filesystem>
 #include <iosfwd>
 #include <string>
 #include <vector>
@@ -31,13 +32,17 @@ class ConsoleHost : public Host {
   std::vector<Message> notices;     // of the present command
   std::vector<AnsweredQuestion> questions;
 
+  std::filesystem::path scriptFolder;  // where scripts read and write, made when they first write
+  bool scriptsMayLeaveIt = false;
+
   void ForgetWhatWasSaid();
   bool WasInterrupted() const { return interrupted_.load(std::memory_order_relaxed); }
 
   // Rolls until `rolls` are made or KeepRolling is cleared.
   void Roll(Game& g, std::int32_t rolls);
-  // Hyper-Drive until it ends by itself or by Ctrl-C. Returns the rolls made.
-  std::int32_t HyperDrive(Game& g, std::int32_t rolls);
+  // Hyper-Drive until it ends by itself or by Ctrl-C. A game that a script begins has its own count of rolls;
+  // with `throughGames` they share one. Returns the rolls made.
+  std::int64_t HyperDrive(Game& g, std::int32_t rolls, bool throughGames = false);
 
   std::uint32_t Milliseconds(Game& g) override;
   void PumpEvents(Game& g) override;
@@ -46,6 +51,7 @@ class ConsoleHost : public Host {
   Answer Show(Game& g, const Message& message) override;
   std::optional<std::string> Ask(Game& g, const Prompt& prompt) override;
   SettleAnswer Settle(Game& g, const SettleQuestion& question) override;
+  FileGrant GrantFile(Game& g, std::string_view name, FileUse use) override;
 
  private:
   using Clock = std::chrono::steady_clock;
@@ -59,7 +65,6 @@ class ConsoleHost : public Host {
   std::ostream* progress_;
   std::int32_t rollsWanted_ = 0;    // by Roll; 0 when nothing is counted
   std::int32_t progressRolls_ = 0;  // of the run; 0 is no count
-  std::int32_t rollsAtStart_ = 0;
   bool progressIsShown_ = false;
   Clock::time_point started_;
   Clock::time_point lastShown_;

@@ -6,26 +6,19 @@
 #include "base/AtomicFile.h"
 #include "console/Table.h"
 #include "console/Words.h"
+#include "dice/DiceFile.h"
 #include "dice/Draw.h"
 
 namespace rollwick {
-namespace {
 
-void Print(std::ostream& out, bool isJson, const Game& g) {
-  const std::string die1 = std::to_string(g.Die1), die2 = std::to_string(g.Die2);
+void PrintRoll(std::ostream& out, bool isJson, std::int64_t roll, std::int32_t die1, std::int32_t die2) {
+  const std::string first = std::to_string(die1), second = std::to_string(die2);
   if (isJson) {
-    out << "{\"roll\":" << std::to_string(g.RollCount()) << ",\"dice\":[" << die1 << "," << die2 << "]}\n";
+    out << "{\"roll\":" << std::to_string(roll) << ",\"dice\":[" << first << "," << second << "]}\n";
   } else {
-    out << die1 << " " << die2 << "\n";
+    out << first << " " << second << "\n";
   }
 }
-
-// The record of a Dice Roll File: the first die in bits 2 to 4, the second in bits 5 to 7.
-char Record(const Game& g) {
-  return static_cast<char>(g.Die1 * 4 + g.Die2 * 32);
-}
-
-}  // namespace
 
 int RunDiceDraw(const CommonOptions& options, const std::string& rolls, const std::string& file,
                 const Terminal& terminal) {
@@ -46,9 +39,9 @@ int RunDiceDraw(const CommonOptions& options, const std::string& rolls, const st
     DrawDice(g);
     ++g.RollCount();  // two of the generators take turns by it
     if (file.empty()) {
-      Print(terminal.out, options.json, g);
+      PrintRoll(terminal.out, options.json, g.RollCount(), g.Die1, g.Die2);
     } else {
-      records.push_back(Record(g));
+      records.push_back(static_cast<char>(DiceByte(g.Die1, g.Die2)));
     }
   }
   terminal.out << std::flush;

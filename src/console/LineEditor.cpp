@@ -45,6 +45,8 @@ std::vector<std::string> WordsAfter(const std::vector<std::string>& before) {
     if (is("atm")) return {"withdraw", "deposit"};
     if (is("log")) return {"on", "off"};
     if (is("new")) return {"keep"};
+    if (is("script")) return {"load", "on", "off", "run", "clear"};
+    if (is("dicefile")) return {"close", "rewind"};
   }
   if (before.size() == 2 && is("show") && SameWord(before[1], "bet")) return BetWords();
   if (before.size() == 2 && (is("call") || is("set"))) return {"on", "off"};

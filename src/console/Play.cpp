@@ -29,26 +29,10 @@ Reply RunCommand(Table& table, const InputLine& line) {
   return command->run(table, arguments);
 }
 
-Json NoticeJson(const Message& notice) {
-  return {{"title", CleanUtf8(notice.title)}, {"text", CleanUtf8(notice.text)}, {"flags", notice.flags}};
-}
-
-Json QuestionJson(const AnsweredQuestion& question) {
-  return {{"title", CleanUtf8(question.title)},
-          {"text", CleanUtf8(question.text)},
-          {"answer", CleanUtf8(question.answer)}};
-}
-
 // What a person reads: mistakes, what was said and asked, then what happened.
 void PrintForPeople(const Table& table, const Outcome& outcome, const Terminal& terminal) {
   const Reply& reply = outcome.reply;
-  for (const Message& notice : table.host.notices) {
-    terminal.out << notice.title << ": " << WithNewLines(notice.text) << "\n";
-  }
-  for (const AnsweredQuestion& question : table.host.questions) {
-    const std::string& answer = question.meaning.empty() ? question.answer : question.meaning;
-    terminal.out << question.title << ": " << WithNewLines(question.text) << " -> " << answer << "\n";
-  }
+  terminal.out << SaidForPeople(table.host);
   if (!reply.error.empty()) {
     terminal.out << std::flush;
     terminal.error << "rollwick: " << reply.error << "\n";
@@ -103,11 +87,8 @@ Json OutcomeJson(const Table& table, const Outcome& outcome) {
   json["ok"] = reply.error.empty();
   if (!reply.error.empty()) json["error"] = reply.error;
   if (reply.applied) json["applied"] = PlainText(*reply.applied);
-  json["notices"] = Json::array();
-  for (const Message& notice : table.host.notices) json["notices"].push_back(NoticeJson(notice));
-  json["questions"] = Json::array();
-  for (const AnsweredQuestion& question : table.host.questions)
-    json["questions"].push_back(QuestionJson(question));
+  json["notices"] = NoticesJson(table.host);
+  json["questions"] = QuestionsJson(table.host);
   AddTable(json, table.g);
   for (const auto& [key, value] : reply.extra.items()) json[key] = value;
   return json;
@@ -118,6 +99,11 @@ int RunPlay(const CommonOptions& options, const std::string& file, const Termina
   if (!table.Error().empty()) {
     terminal.error << "rollwick: " << table.Error() << "\n";
     return ExitUsage;
+  }
+  if (const std::string wrong = options.diceFile.empty() ? "" : PlayBackFrom(table.g, options.diceFile);
+      !wrong.empty()) {
+    terminal.error << "rollwick: " << OneLine(wrong) << "\n";
+    return ExitFailure;
   }
   if (!file.empty()) {
     std::error_code unknown;

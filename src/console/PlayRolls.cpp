@@ -41,7 +41,7 @@ Reply RunRolls(Table& table, Arguments arguments) {
 Reply RunHyper(Table& table, Arguments arguments) {
   const auto rolls = ParseWhole(arguments[0], 0, kMaxRollCount);
   if (!rolls) return Failure("the number of rolls is from 0, which is no count, to 100,000,000.");
-  const std::int32_t made = table.host.HyperDrive(table.g, static_cast<std::int32_t>(*rolls));
+  const std::int64_t made = table.host.HyperDrive(table.g, static_cast<std::int32_t>(*rolls));
   Reply reply = Rolled(table);
   reply.extra["rolls"] = made;
   return reply;

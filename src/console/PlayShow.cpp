@@ -4,6 +4,7 @@
 
 #include "base/Nearest.h"
 #include "console/PlayCommands.h"
+#include "console/ScriptCommands.h"
 #include "console/Words.h"
 #include "session/Settings.h"
 
@@ -154,6 +155,36 @@ Reply ShowLog(Table& table, Arguments arguments) {
   return Shown({{"log", lines}});
 }
 
+Reply ShowScript(Table& table, Arguments) {
+  const Game& g = table.g;
+  Json lines = Json::array();
+  std::string text = ScriptForPeople(g.ScriptLines);
+  for (std::size_t i = 0; i < g.ScriptLines.size(); ++i)
+    lines.push_back(ScriptLineJson(g.ScriptLines[i], static_cast<int>(i) + 1));
+  Json json;
+  json["ScriptFileName"] = CleanUtf8(g.ScriptFileName);
+  json["AutoBetsActive"] = g.AutoBetsActive;
+  json["AutoBetsChanged"] = g.AutoBetsChanged;
+  json["lines"] = std::move(lines);
+  Reply reply = Shown({{"script", json}});
+  if (text.empty()) text = "There is no script.\n";
+  text.pop_back();
+  reply.text = std::move(text);
+  return reply;
+}
+
+Reply ShowFlags(Table& table, Arguments) {
+  Json flags = Json::array();
+  std::string text;
+  for (const FlagEntry& flag : table.g.ScriptFlags) {
+    flags.push_back({{"Name", CleanUtf8(flag.Name)}, {"Value", flag.Value}, {"PrevValue", flag.PrevValue}});
+    text += (text.empty() ? "" : "\n") + flag.Name + ": " + (flag.Value != 0 ? "True" : "False");
+  }
+  Reply reply = Shown({{"flags", flags}});
+  reply.text = text.empty() ? "There are no flags." : text;
+  return reply;
+}
+
 struct ShowPage {
   std::string_view name;
   bool takesArgument;
@@ -163,7 +194,8 @@ constexpr ShowPage kPages[] = {
     {"table", false, ShowTable},       {"bet", true, ShowBet},      {"slots", false, ShowSlots},
     {"events", false, ShowEvents},     {"gaps", true, ShowGaps},    {"hand", false, ShowHand},
     {"bankroll", false, ShowBankroll}, {"rules", false, ShowRules}, {"settings", false, ShowSettings},
-    {"payoffs", false, ShowPayoffs},   {"seeds", false, ShowSeeds}, {"log", true, ShowLog},
+    {"payoffs", false, ShowPayoffs},   {"seeds", false, ShowSeeds}, {"script", false, ShowScript},
+    {"flags", false, ShowFlags},       {"log", true, ShowLog},
 };
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "base/FormatNumber.h"
+#include "console/Words.h"
 #include "engine/bets/Payoffs.h"
 
 namespace rollwick {
@@ -70,6 +71,46 @@ Json SettingJson(const SettingValue& value) {
   return std::get<std::int32_t>(value);
 }
 
+Json StacksJson(const Game& g) {
+  Json stacks = Json::object();
+  for (int stack = 0; stack < kChipStackCount; ++stack) {
+    const Money amount = g.BetAmount[static_cast<std::size_t>(SlotChipStack + stack)];
+    if (amount != Money()) stacks[std::to_string(stack)] = PlainText(amount);
+  }
+  return stacks;
+}
+
+Json NoticesJson(const ConsoleHost& host) {
+  Json notices = Json::array();
+  for (const Message& notice : host.notices) {
+    notices.push_back(
+        {{"title", CleanUtf8(notice.title)}, {"text", CleanUtf8(notice.text)}, {"flags", notice.flags}});
+  }
+  return notices;
+}
+
+Json QuestionsJson(const ConsoleHost& host) {
+  Json questions = Json::array();
+  for (const AnsweredQuestion& question : host.questions) {
+    questions.push_back({{"title", CleanUtf8(question.title)},
+                         {"text", CleanUtf8(question.text)},
+                         {"answer", CleanUtf8(question.answer)}});
+  }
+  return questions;
+}
+
+std::string SaidForPeople(const ConsoleHost& host, std::string_view exceptTitle) {
+  std::string text;
+  for (const Message& notice : host.notices) {
+    if (notice.title != exceptTitle) text += notice.title + ": " + WithNewLines(notice.text) + "\n";
+  }
+  for (const AnsweredQuestion& question : host.questions) {
+    const std::string& answer = question.meaning.empty() ? question.answer : question.meaning;
+    text += question.title + ": " + WithNewLines(question.text) + " -> " + answer + "\n";
+  }
+  return text;
+}
+
 void AddTable(Json& object, const Game& g) {
   object["roll"] = g.RollCount();
   object["dice"] = {g.Die1, g.Die2};
@@ -85,13 +126,8 @@ void AddTable(Json& object, const Game& g) {
     if (amount != Money()) bets[BetName(bet)] = PlainText(amount);
   }
   object["bets"] = std::move(bets);
-  Json stacks = Json::object();
-  for (int stack = 0; stack < kChipStackCount; ++stack) {
-    const Money amount = g.BetAmount[static_cast<std::size_t>(SlotChipStack + stack)];
-    if (amount != Money()) stacks[std::to_string(stack)] = PlainText(amount);
-  }
-  if (!stacks.empty()) object["stacks"] = std::move(stacks);
-  object["stopped"] = g.LastStopMessage;
+  if (Json stacks = StacksJson(g); !stacks.empty()) object["stacks"] = std::move(stacks);
+  object["stopped"] = CleanUtf8(g.LastStopMessage);
 }
 
 std::string TableLine(const Game& g) {
@@ -143,6 +179,12 @@ std::string ForPeople(const Json& object) {
 
 std::string WithNewLines(std::string text) {
   std::ranges::replace(text, '\r', '\n');
+  return text;
+}
+
+std::string OneLine(std::string text) {
+  std::erase(text, '\n');
+  std::ranges::replace(text, '\r', ' ');
   return text;
 }
 

@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 #include <string>
 
+#include "console/ConsoleHost.h"
 #include "engine/state/Game.h"
 #include "session/Settings.h"
 
@@ -25,6 +26,14 @@ Json PayoffJson(const PayoffRow& row);
 // A setting's value: a boolean, a count, or an amount.
 Json SettingJson(const SettingValue& value);
 
+// The Chip-Stacks that are not zero, by number.
+Json StacksJson(const Game& g);
+
+// What was said and asked, as objects; for people a line each, without the notices of one title.
+Json NoticesJson(const ConsoleHost& host);
+Json QuestionsJson(const ConsoleHost& host);
+std::string SaidForPeople(const ConsoleHost& host, std::string_view exceptTitle = {});
+
 // roll, dice, total, point, bankroll, invested, total_bets, available, bets, stacks, stopped.
 void AddTable(Json& object, const Game& g);
 
@@ -42,5 +51,7 @@ std::string ForPeople(const Json& object);
 
 // Carriage returns of the system's texts as new lines.
 std::string WithNewLines(std::string text);
+// Line ends of any kind as blanks.
+std::string OneLine(std::string text);
 
 }  // namespace rollwick

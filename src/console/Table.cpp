@@ -1,11 +1,13 @@
 // Opening the house for one command.
 #include "console/Table.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <system_error>
 
 #include "base/FormatNumber.h"
 #include "console/Words.h"
+#include "dice/DiceFile.h"
 #include "dice/Draw.h"
 #include "engine/game/NewGame.h"
 
@@ -34,22 +36,43 @@ std::string FolderMakingLog::Append(Game& events, std::string_view lines) {
 
 Table::Table(const CommonOptions& options, const Terminal& terminal)
     : game_(std::make_unique<Game>()),
+      dataFolder_(options.dataFolder.empty() ? UserDataFolder() : std::filesystem::path(options.dataFolder)),
       g(*game_),
       host(terminal.interrupted, terminal.showsProgress && !options.quiet ? &terminal.error : nullptr),
-      log((options.dataFolder.empty() ? UserDataFolder() : std::filesystem::path(options.dataFolder)) /
-          "Events Log.txt") {
+      log(dataFolder_ / "Events Log.txt") {
   g.TheHost = &host;
   g.TheLog = &log;
   StartUp(g);
   g.RngChoice = options.rng - 1;
   FallBackFromMissingGenerator(g);
-  if (!options.seed.empty()) error_ = SeedWith(g, options.seed);
+  if (options.seed.empty()) {
+    SeedGenerator(g, false);  // so that the seed that is told is the selected generator's
+  } else {
+    error_ = SeedWith(g, options.seed);
+  }
   host.ForgetWhatWasSaid();
+  host.scriptFolder = dataFolder_;
+  host.scriptsMayLeaveIt = options.scriptsMayWrite;
   host.answers.assign(options.answers.begin(), options.answers.end());
 }
 
 Table::~Table() {
   FlushEventsLog(g);
+}
+
+std::string PlayBackFrom(Game& g, const std::filesystem::path& file) {
+  if (const auto refusal = OpenDiceFile(g, file, false)) return refusal->text;
+  g.DiceFileMode = DiceFilePlayback;
+  return {};
+}
+
+std::string RecordInto(Game& g, const std::filesystem::path& file) {
+  if (const auto refusal = OpenDiceFile(g, file, true)) return refusal->text;
+  g.DiceFileMode = DiceFileRecording;
+  g.DiceFileRecord =
+      static_cast<std::int32_t>(std::min<std::int64_t>(g.DiceFile.Length() + 1, kDiceRecordLimit));
+  g.DiceLastRecord = g.DiceFileRecord - 1;
+  return {};
 }
 
 std::string SeedWith(Game& g, std::string_view text) {

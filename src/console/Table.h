@@ -31,16 +31,22 @@ class Table {
 
   // What is wrong with the options, if anything.
   const std::string& Error() const { return error_; }
+  const std::filesystem::path& DataFolder() const { return dataFolder_; }
 
  private:
   std::unique_ptr<Game> game_;  // on the heap: the tables are big
   std::string error_;
+  std::filesystem::path dataFolder_;
 
  public:
   Game& g;
   ConsoleHost host;
   FolderMakingLog log;
 };
+
+// Opens the Dice Roll File and plays it back, or records behind what it holds. Empty, or the system's words.
+std::string PlayBackFrom(Game& g, const std::filesystem::path& file);
+std::string RecordInto(Game& g, const std::filesystem::path& file);
 
 // Seeds the selected generator with the number in `text`. Empty, or what is wrong.
 std::string SeedWith(Game& g, std::string_view text);

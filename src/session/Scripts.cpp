@@ -7,7 +7,6 @@
 #include "autobet/model/Script.h"
 #include "autobet/run/RunAutoBet.h"
 #include "base/AtomicFile.h"
-#include "base/CodePage.h"
 
 namespace rollwick {
 namespace {
@@ -16,11 +15,18 @@ constexpr std::string_view kSignatures[] = {"Rollwick AutoBets", "Quillhaven Aut
 constexpr std::size_t kLargestText = 64 << 20;  // bytes: far beyond what anybody writes
 
 Message CannotRead(const std::filesystem::path& path, const std::string& why) {
-  return {path.filename().string() + "\r" + why, "Unable to Open Auto-Bet Script",
+  return {path.filename().string() + ": " + why, "Unable to Open Auto-Bet Script",
           MessagePlain | MessageWarning};
 }
 
-// The text at `path`, or the refusal.
+bool IsScriptFile(std::string_view bytes) {
+  for (const std::string_view signature : kSignatures) {
+    if (bytes.starts_with(signature)) return true;
+  }
+  return false;
+}
+
+// The text at `path`, or the refusal. Of a script file no more than its beginning.
 std::optional<Message> ReadWhole(const std::filesystem::path& path, std::string& text) {
   std::error_code unknown;
   if (std::filesystem::is_directory(path, unknown)) return CannotRead(path, SystemErrorText(EISDIR));
@@ -30,17 +36,11 @@ std::optional<Message> ReadWhole(const std::filesystem::path& path, std::string&
   char block[65'536];
   while (in.read(block, sizeof block), in.gcount() > 0) {
     text.append(block, static_cast<std::size_t>(in.gcount()));
+    if (IsScriptFile(text)) return {};  // its own reader reads it
     if (text.size() > kLargestText) return CannotRead(path, SystemErrorText(EFBIG));
   }
   if (in.bad()) return CannotRead(path, SystemErrorText(errno == 0 ? EIO : errno));
   return {};
-}
-
-bool IsScriptFile(std::string_view bytes) {
-  for (const std::string_view signature : kSignatures) {
-    if (bytes.starts_with(signature)) return true;
-  }
-  return false;
 }
 
 }  // namespace
@@ -84,28 +84,14 @@ LoadedScript LoadScript(Game& g, const std::filesystem::path& path) {
 }
 
 void ActivateScript(Game& g, bool isOn) {
-  if (g.AutoBetsActive == (isOn ? 1 : 0)) return;
   g.AutoBetsActive = isOn ? 1 : 0;
-  g.AutoBetsChanged = true;
+  if (isOn) g.AutoBetsChanged = true;
 }
 
 std::string RunInitializingScript(Game& g) {
   g.LastErrorText.clear();
   InitializeAutoBets(g);
   return g.LastErrorText;
-}
-
-std::string WhatAFileCannotKeep(const ScriptLine& line) {
-  const auto tooLong = [](std::string_view what, std::size_t length, std::size_t most) {
-    return "the " + std::string(what) + " has " + std::to_string(length) +
-           " characters; a script file keeps " + std::to_string(most) + ".";
-  };
-  const std::size_t text = CharacterCount(line.Text), name = CharacterCount(line.Name);
-  if (text > kLongestLineText) return tooLong("line", text, kLongestLineText);
-  if (name > kLongestName) return tooLong("name", name, kLongestName);
-  if (!HasPlaceInCodePage(line.Text) || !HasPlaceInCodePage(line.Name))
-    return "a script file keeps only the characters of code page 1252.";
-  return {};
 }
 
 }  // namespace rollwick

@@ -5,7 +5,6 @@
 #include <filesystem>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "autobet/model/CheckStructure.h"
@@ -43,8 +42,5 @@ void ActivateScript(Game& g, bool isOn);
 
 // Runs the script once before the dice. Empty, or the error it was aborted by; a message has told it.
 std::string RunInitializingScript(Game& g);
-
-// What of a line a script file cannot keep; empty when it keeps all.
-std::string WhatAFileCannotKeep(const ScriptLine& line);
 
 }  // namespace rollwick

@@ -115,14 +115,14 @@ void ClearNames(Game& g) {
 void PlaySound(AutoBetRun& run) {
   Game& g = run.g;
   if (g.HyperDriveActive) return;
-  const FileGrant grant = g.TheHost->GrantFile(g, NameOf(run), FileUse::Read);
+  const FileGrant grant = g.TheHost->GrantFile(g, TrimBlanks(NameOf(run)), FileUse::Read);
   if (grant.refusal.empty()) g.TheHost->PlayFile(g, grant.path);
   run.startedAt = g.TheHost->Milliseconds(g) - kSoundMilliseconds;
 }
 
 void ActivateProbability(AutoBetRun& run) {
   Game& g = run.g;
-  const FileGrant grant = g.TheHost->GrantFile(g, NameOf(run), FileUse::Read);
+  const FileGrant grant = g.TheHost->GrantFile(g, TrimBlanks(NameOf(run)), FileUse::Read);
   if (!grant.refusal.empty()) return Fail(run, grant.refusal, EACCES);
   const std::optional<Message> refusal = LoadProbabilityFile(g, grant.path);
   if (!refusal) {

@@ -114,6 +114,8 @@ void ApplyToGroup(AutoBetRun& run, const ScriptStep& step, BetId slot, Money val
 void PutUp(Game& g, BetId slot, Money amount) {
   Overwrite(g, slot, Money());
   Change(g, slot, amount);
+  // A bet that stays down went down without a word; its odds may not stand alone.
+  if (amount == Money() && g.BetAmount[slot] == Money()) OddsFollow(g, slot);
 }
 
 void ChangeAmount(AutoBetRun& run, const ScriptStep& step, BetId slot) {

@@ -41,6 +41,7 @@ struct AutoBetRun {
 };
 
 inline void Fail(AutoBetRun& run, std::string_view what, int number) {
+  if (what.ends_with('.')) what.remove_suffix(1);
   run.error = std::string(what) + ", Error #" + std::to_string(number);
 }
 inline void FailOverflow(AutoBetRun& run) {

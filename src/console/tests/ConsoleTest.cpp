@@ -3,38 +3,14 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <nlohmann/json.hpp>
-#include <sstream>
-
 #include "console/LineEditor.h"
+#include "console/tests/Rollwick.h"
 #include "support/TemporaryFolder.h"
 
 namespace rollwick {
 namespace {
 
 using Json = nlohmann::ordered_json;
-
-struct Result {
-  int exitCode;
-  std::string out;
-  std::string error;
-};
-
-Result Rollwick(std::vector<std::string> words, const std::string& input = "") {
-  std::istringstream in(input);
-  std::ostringstream out, error;
-  const std::atomic<bool> interrupted = false;
-  const int code = RunConsole(words, {in, out, error, interrupted});
-  return {code, out.str(), error.str()};
-}
-
-std::vector<Json> Lines(const std::string& text) {
-  std::vector<Json> lines;
-  std::istringstream in(text);
-  for (std::string line; std::getline(in, line);) lines.push_back(Json::parse(line));
-  return lines;
-}
 
 std::vector<Json> Play(const std::string& input, std::vector<std::string> options = {}) {
   std::vector<std::string> words = {"play", "--json", "--seed", "7"};

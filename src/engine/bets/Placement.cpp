@@ -33,14 +33,6 @@ void FollowWithOdds(Game& g, BetId odds, bool always) {
   if (always || g.BetAmount[odds] > g.BetMax) TakeFullOdds(g, odds);
 }
 
-// Odds that ride along with their flat bet, or stand too high behind what is left of it.
-void OddsFollow(Game& g, BetId bet) {
-  if (bet == Bet::PassLine && g.Point != 0) FollowWithOdds(g, Bet::PassLineOdds, g.AutoTakeFullOdds);
-  if (bet == Bet::DontPass && g.Point != 0) FollowWithOdds(g, Bet::DontPassOdds, g.AutoLayFullOdds);
-  if (IsComeNumber(bet)) FollowWithOdds(g, bet + 6, g.AutoTakeFullOdds);
-  if (IsDontComeNumber(bet)) FollowWithOdds(g, bet + 6, g.AutoLayFullOdds);
-}
-
 void FullOddsBehind(Game& g, BetId flat, BetId odds) {
   if (g.BetAmount[flat] > Money()) TakeFullOdds(g, odds);
 }
@@ -85,6 +77,13 @@ Money AdjustedAmount(Game& g, BetId bet, int choice) {
 }
 
 }  // namespace
+
+void OddsFollow(Game& g, BetId bet) {
+  if (bet == Bet::PassLine && g.Point != 0) FollowWithOdds(g, Bet::PassLineOdds, g.AutoTakeFullOdds);
+  if (bet == Bet::DontPass && g.Point != 0) FollowWithOdds(g, Bet::DontPassOdds, g.AutoLayFullOdds);
+  if (IsComeNumber(bet)) FollowWithOdds(g, bet + 6, g.AutoTakeFullOdds);
+  if (IsDontComeNumber(bet)) FollowWithOdds(g, bet + 6, g.AutoLayFullOdds);
+}
 
 void PlaceChips(Game& g, BetId bet) {
   Change(g, bet, g.BetDelta);

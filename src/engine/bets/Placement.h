@@ -14,6 +14,9 @@ void ChangeBet(Game& g, BetId bet);
 // bet's own.
 void PlaceChips(Game& g, BetId bet);
 
+// After a change of a line or Come bet: odds that ride along with it, or stand too high behind what is left.
+void OddsFollow(Game& g, BetId bet);
+
 // Sets BetMax, the most that may stand on `bet` now.
 void MaxBetFor(Game& g, BetId bet);
 

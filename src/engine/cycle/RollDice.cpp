@@ -118,11 +118,16 @@ void TakeEndSnapshots(Game& g) {
   if (g.LoggedAutoBetName != g.ScriptFileName) g.LoggedAutoBetName = g.ScriptFileName;
 }
 
-void CountAutoRoll(Game& g) {
-  if (g.AutoRollsLeft <= 0 || --g.AutoRollsLeft > 0) return;
+void StopByCount(Game& g) {
   g.KeepRolling = false;
   if (g.HyperDriveActive && g.StopMessage.empty())
     g.StopMessage = "Stopped by roll count on Auto-Play screen.";
+}
+
+void CountAutoRoll(Game& g) {
+  if (++g.RollsInRun == g.RollsInRunSet) StopByCount(g);
+  if (g.AutoRollsLeft <= 0 || --g.AutoRollsLeft > 0) return;
+  StopByCount(g);
   g.AutoRollsLeft = g.AutoRollsSet;
 }
 
@@ -177,7 +182,7 @@ void EndHyperDrive(Game& g) {
 }
 
 void ServeEvents(Game& g) {
-  if (g.RollCount() % kRollsPerPump == 0 || g.HyperThrottle > 0) {
+  if (g.RollsInRun % kRollsPerPump == 0 || g.HyperThrottle > 0) {
     FlushFiles(g);
     g.TheHost->PumpEvents(g);
   }
@@ -223,6 +228,7 @@ void RollDice(Game& g) {
   g.TableDirty = true;
   g.StopMessage.clear();
   g.RollInProgress = true;
+  g.RollsInRun = 0;
   do {
     OneRoll(g);
   } while (RollsOn(g));

@@ -96,6 +96,9 @@ struct AutoPlayTables {
   std::array<bool, kAutoStopCount> AutoStopOn{};
   std::int32_t HyperThrottle = 0;  // 0..10; 0 is full speed
 
+  std::int64_t RollsInRun = 0;     // made since RollDice was called, through all games a script began
+  std::int64_t RollsInRunSet = 0;  // where Hyper-Drive ends whatever games were begun; 0 is no count
+
   bool KeepRolling = false;  // cleared to end the run after the current roll
   bool RollInProgress = false;
   bool HyperDriveActive = false;

@@ -34,7 +34,7 @@ bool PhantomIsAbsent(const Game& g, BetId bet) {
   return (IsComeNumber(bet) || IsComeOdds(bet)) && !g.Rules.AllowPutBets;
 }
 
-// The results of the last roll, and streaks that it moved, stand only in the rows of the bets it decided.
+// The results of the last roll stand only in the rows of the bets it decided.
 void ClearRollResults(StatisticsTables& g) {
   for (int i = 0; i < g.DecidedCount; ++i) {
     const bool isActual = g.DecidedBets[i] >= kDecidedActual;
@@ -43,7 +43,6 @@ void ClearRollResults(StatisticsTables& g) {
       BetStatRow& row = (*table)[isActual ? ActualWagers : PhantomWagers][bet];
       row[LastRollCount] = row[LastRollAmount] = Money();
     }
-    if (isActual) g.BetStreak[bet][0] = g.BetStreak[bet][1];
   }
   g.DecidedCount = 0;
 }
@@ -76,6 +75,7 @@ void RecordBetDecision(Game& g, BetStatKind kind, BetId bet, Money wager, Money 
 }
 
 void StartRollResults(Game& g) {
+  for (auto& [before, now] : g.BetStreak) before = now;
   ClearRollResults(g);
   if (g.DiceTotal == 7) {
     for (auto& row : g.BetWagers[PhantomWagers]) row[InPlay] = Money();
