@@ -26,7 +26,7 @@ constexpr std::string_view kStopTitle = "Hyper-Drive Stopped";
 // What a run came to, beside the game as it left it.
 struct RunResult {
   std::int64_t rolls = 0;  // of all games the script began
-  std::int32_t rng = 0;  // as users count them
+  std::int32_t rng = 0;    // as users count them
   std::int32_t seed = 0;
   Money bankrollAtStart;
   double seconds = 0;
