@@ -34,6 +34,17 @@ int WriteAndClose(int descriptor, std::string_view bytes, const std::filesystem:
   return error;
 }
 
+// A device or a pipe takes the bytes as they come, and is never replaced by a file. One that nobody reads is
+// refused instead of waited for.
+int WriteInto(const std::filesystem::path& device, std::string_view bytes) {
+  const int descriptor = open(device.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK);
+  if (descriptor < 0) return errno;
+  fcntl(descriptor, F_SETFL, 0);
+  const int error = WriteAll(descriptor, bytes);
+  const int closed = close(descriptor) != 0 ? errno : 0;
+  return error != 0 ? error : closed;
+}
+
 int SyncFolder(const std::filesystem::path& folder) {
   const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (descriptor < 0) return errno;
@@ -67,6 +78,10 @@ std::string SaveWhole(const std::filesystem::path& path, std::string_view bytes)
   std::filesystem::path target = std::filesystem::canonical(path, noFile);
   if (noFile) target = path;
   if (std::filesystem::is_directory(target, noFile)) return SystemErrorText(EISDIR);
+  if (std::filesystem::is_other(target, noFile)) {
+    const int error = WriteInto(target, bytes);
+    return error == 0 ? std::string() : SystemErrorText(error);
+  }
 
   const std::filesystem::path folder = target.has_parent_path() ? target.parent_path() : ".";
   std::filesystem::path temporary;

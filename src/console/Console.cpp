@@ -3,6 +3,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <map>
 #include <ostream>
 
 #include "base/Nearest.h"
@@ -65,10 +66,10 @@ void AddAllowWrite(CLI::App& command, CommandLine& line) {
 }
 
 CLI::App* AddFileCommand(CLI::App& parent, CommandLine& line, const char* name, const char* help,
-                         const char* file) {
+                         const char* file, const char* fileHelp) {
   CLI::App* const command = parent.add_subcommand(name, help);
   command->fallthrough();
-  command->add_option(file, line.file)->required()->type_name("");
+  command->add_option(file, line.file, fileHelp)->required()->type_name("");
   return command;
 }
 
@@ -102,12 +103,31 @@ std::string FirstLine(std::string text) {
   return CleanUtf8(text);
 }
 
+std::string Listed(const std::vector<std::string>& words) {
+  std::string text;
+  for (const std::string& word : words) text += (text.empty() ? "" : ", ") + word;
+  return text;
+}
+
 // The words of a line CLI11 could not use; the nearest command for an unknown one.
 std::string WhatIsWrong(const CLI::ParseError& error, const std::vector<std::string>& words) {
-  const std::vector<std::string> commands = {"play", "run", "dice", "script"};
-  if (!words.empty() && !words[0].starts_with('-') && std::ranges::count(commands, words[0]) == 0) {
-    return "there is no command \"" + Echo(words[0]) + "\"." + DidYouMean(words[0], commands);
+  const std::map<std::string, std::vector<std::string>> commands = {
+      {"", {"play", "run", "dice", "script"}},
+      {"dice", {"draw", "show", "make"}},
+      {"script", {"show", "build", "check", "statements"}}};
+  std::string group;
+  for (const std::string& word : words) {
+    const auto known = commands.find(group);
+    if (known == commands.end() || word.starts_with('-')) break;
+    if (std::ranges::count(known->second, word) == 0) {
+      return "there is no command \"" + group + (group.empty() ? "" : " ") + Echo(word) + "\"." +
+             DidYouMean(word, known->second);
+    }
+    group = word;
   }
+  if (const auto known = commands.find(group);
+      known != commands.end() && !group.empty() && group == words.back())
+    return group + " needs one of these words: " + Listed(known->second) + ".";
   return FirstLine(error.what());
 }
 
@@ -143,11 +163,12 @@ int RunConsole(const std::vector<std::string>& words, const Terminal& terminal) 
   draw->add_option("--rolls", line.rolls, "How many, 1 to 100,000,000")->required()->type_name("N");
   draw->add_option("-o,--output", line.output, "The Dice Roll File to write")->type_name("FILE.rol");
   draw->footer(common);
-  CLI::App* const diceShow = AddFileCommand(*dice, line, "show", "A Dice Roll File as text", "FILE.rol");
+  CLI::App* const diceShow =
+      AddFileCommand(*dice, line, "show", "A Dice Roll File as text", "FILE.rol", "The Dice Roll File");
   diceShow->add_option("--first", line.first, "The first roll to show (usual: 1)")->type_name("N");
   diceShow->add_option("--count", line.count, "How many (usual: all)")->type_name("N");
-  CLI::App* const diceMake =
-      AddFileCommand(*dice, line, "make", "A Dice Roll File from a text of two faces a line", "TEXTFILE");
+  CLI::App* const diceMake = AddFileCommand(
+      *dice, line, "make", "A Dice Roll File from a text of two faces a line", "TEXTFILE", "The text");
   diceMake->add_option("-o,--output", line.output, "The Dice Roll File")->required()->type_name("FILE.rol");
 
   CLI::App* const run = AddRun(app, line);
@@ -155,12 +176,14 @@ int RunConsole(const std::vector<std::string>& words, const Terminal& terminal) 
 
   CLI::App* const script = app.add_subcommand("script", "Auto-Bet scripts as texts and files");
   script->fallthrough()->require_subcommand(1);
-  CLI::App* const show = AddFileCommand(*script, line, "show", "A script with line numbers", "FILE");
+  CLI::App* const show =
+      AddFileCommand(*script, line, "show", "A script with line numbers", "FILE", "A script file or a text");
   show->add_flag("--plain", line.isPlain, "Without numbers, as `script build` reads it");
-  CLI::App* const build = AddFileCommand(*script, line, "build", "A script file from a text", "TEXTFILE");
+  CLI::App* const build =
+      AddFileCommand(*script, line, "build", "A script file from a text", "TEXTFILE", "The text");
   build->add_option("-o,--output", line.output, "The script file")->required()->type_name("FILE.bet");
-  CLI::App* const check =
-      AddFileCommand(*script, line, "check", "Whether a script is properly structured", "FILE");
+  CLI::App* const check = AddFileCommand(*script, line, "check", "Whether a script is properly structured",
+                                         "FILE", "A script file or a text");
   CLI::App* const statements = script->add_subcommand("statements", "Every statement a script may use");
   statements->fallthrough();
 

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <ostream>
+#include <type_traits>
+#include <utility>
 
 #include "base/FormatNumber.h"
 #include "base/Nearest.h"
@@ -36,6 +38,14 @@ bool IsInFolder(const std::filesystem::path& path, const std::filesystem::path& 
     if (!resolved.has_relative_path() || is_symlink(symlink_status(resolved, error))) return false;
   }
   return true;
+}
+
+// Keeps the newest: a script that goes round for ever must not fill the memory with what it says.
+template <class Said>
+void Keep(std::deque<Said>& all, std::type_identity_t<Said> said) {
+  constexpr std::size_t kMost = 100'000;
+  if (all.size() == kMost) all.pop_front();
+  all.push_back(std::move(said));
 }
 
 }  // namespace
@@ -75,6 +85,8 @@ std::int64_t ConsoleHost::HyperDrive(Game& g, std::int32_t rolls, bool throughGa
 }
 
 std::uint32_t ConsoleHost::Milliseconds(Game&) {
+  // A step at each look, within what every generator takes for a seed.
+  if (ownClock) return *ownClock = 1'000 + (*ownClock + 12'347) % 99'000'000;
   return static_cast<std::uint32_t>(
       std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now().time_since_epoch()).count());
 }
@@ -99,13 +111,13 @@ std::optional<std::string> ConsoleHost::NextAnswer() {
 
 Answer ConsoleHost::Show(Game&, const Message& message) {
   if ((message.flags & (MessageYes | MessageNo | MessageCancel)) == 0) {
-    notices.push_back(message);
+    Keep(notices, message);
     return Answer::Ok;
   }
   const std::string given = NextAnswer().value_or("no");
   const bool isYes = SameWord(given, "yes") && (message.flags & MessageYes) != 0;
   const bool isCancel = SameWord(given, "cancel") && (message.flags & MessageCancel) != 0;
-  questions.push_back({message.title, message.text, isYes ? "yes" : isCancel ? "cancel" : "no"});
+  Keep(questions, {message.title, message.text, isYes ? "yes" : isCancel ? "cancel" : "no"});
   return isYes ? Answer::Yes : isCancel ? Answer::Cancel : Answer::No;
 }
 
@@ -117,7 +129,7 @@ std::optional<std::string> ConsoleHost::Ask(Game&, const Prompt& prompt) {
     given = prompt.preset;
   }
   // An entry that was refused comes back at once; with no other answer to give the prompt is closed.
-  questions.push_back({prompt.title, prompt.text, given.value_or("cancel")});
+  Keep(questions, {prompt.title, prompt.text, given.value_or("cancel")});
   return given;
 }
 
@@ -127,7 +139,7 @@ SettleAnswer ConsoleHost::Settle(Game&, const SettleQuestion& question) {
   const int choice = question.mustComeDown ? 0 : static_cast<int>(entered.value_or(question.remembered));
   std::string meaning = question.choices[static_cast<std::size_t>(choice)];
   std::erase(meaning, '&');
-  questions.push_back({question.caption, Join(question.rows), std::to_string(choice), meaning});
+  Keep(questions, {question.caption, Join(question.rows), std::to_string(choice), meaning});
   return {choice, {}};
 }
 

@@ -29,8 +29,12 @@ class ConsoleHost : public Host {
       : interrupted_(interrupted), progress_(progress) {}
 
   std::deque<std::string> answers;  // to come
-  std::vector<Message> notices;     // of the present command
-  std::vector<AnsweredQuestion> questions;
+  std::deque<Message> notices;      // of the present command
+  std::deque<AnsweredQuestion> questions;
+
+  // A clock of its own for a game that is to be the same every time: what new games and scripts seed by it is
+  // then the same too. Nothing: the time of day.
+  std::optional<std::uint32_t> ownClock;
 
   std::filesystem::path scriptFolder;  // where scripts read and write, made when they first write
   bool scriptsMayLeaveIt = false;

@@ -47,7 +47,7 @@ int RunDiceDraw(const CommonOptions& options, const std::string& rolls, const st
   terminal.out << std::flush;
   if (!file.empty()) {
     if (const std::string wrong = SaveWhole(file, records); !wrong.empty()) {
-      terminal.error << "rollwick: " << wrong << "\n";
+      terminal.error << "rollwick: " << Echo(file) << ": " << wrong << "\n";
       return ExitFailure;
     }
   }

@@ -7,6 +7,7 @@
 #include "base/AtomicFile.h"
 #include "console/DiceDraw.h"
 #include "console/Report.h"
+#include "console/Table.h"
 #include "console/Words.h"
 #include "dice/DiceFile.h"
 
@@ -58,8 +59,8 @@ int RunDiceShow(const std::string& file, const std::string& first, const std::st
   const auto most = ParseWhole(count.empty() ? std::to_string(kDiceRecordLimit) : count, 0, kDiceRecordLimit);
   if (!most) return Wrong(terminal, "--count takes a number of rolls.", ExitUsage);
   const auto game = std::make_unique<Game>();
-  if (const auto refusal = OpenDiceFile(*game, file, false))
-    return Wrong(terminal, refusal->text, ExitFailure);
+  if (const std::string wrong = DiceFileRefusal(*game, file, false); !wrong.empty())
+    return Wrong(terminal, wrong, ExitFailure);
 
   ByteFile& rolls = game->DiceFile;
   const std::int64_t last = std::min(rolls.Length(), *from - 1 + *most);

@@ -73,7 +73,7 @@ std::string ApplyWords(Table& table, const CommonOptions& options, const RunOpti
 
 // A recording is of this run alone: what the file held before goes, once it is known for a Dice Roll File.
 std::string RecordAnew(Game& g, const std::filesystem::path& file) {
-  if (const auto refusal = OpenDiceFile(g, file, true)) return refusal->text;
+  if (std::string wrong = DiceFileRefusal(g, file, true); !wrong.empty()) return wrong;
   CloseDiceFile(g);
   std::error_code error;
   std::filesystem::resize_file(file, 0, error);
@@ -209,7 +209,8 @@ std::string ResultForPeople(Table& table, const RunResult& result) {
     return Left(name, 12) + value + "\n";
   };
   std::string text = SaidForPeople(table.host, kStopTitle);  // the reason stands below
-  text += line("Script", CleanUtf8(result.scriptName) + ", " + Count(std::ssize(g.ScriptLines)) + " lines");
+  text += line("Script", CleanUtf8(result.scriptName) + ", " + Count(std::ssize(g.ScriptLines)) +
+                             (g.ScriptLines.size() == 1 ? " line" : " lines"));
   text += line("Rolls", Count(result.rolls));
   text += line("Generator", "RNG #" + std::to_string(result.rng) + ", seed " + std::to_string(result.seed));
   text += line("Bankroll", FormatMoney(result.bankrollAtStart, "$") + " at the start, " +

@@ -2,6 +2,7 @@
 #include "console/Table.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdlib>
 #include <system_error>
 
@@ -18,6 +19,12 @@ std::filesystem::path FolderIn(const char* variable) {
   const char* const value = std::getenv(variable);
   const std::filesystem::path path = value == nullptr ? "" : value;
   return path.is_absolute() ? path : std::filesystem::path();  // a relative one is to be ignored
+}
+
+// What the system says of a file is without its name.
+std::string WithName(const Message& refusal, const std::filesystem::path& file) {
+  const bool isNamed = refusal.text.starts_with(file.filename().string());
+  return isNamed ? refusal.text : Echo(file.string()) + ": " + refusal.text;
 }
 
 }  // namespace
@@ -42,6 +49,8 @@ Table::Table(const CommonOptions& options, const Terminal& terminal)
       log(dataFolder_ / "Events Log.txt") {
   g.TheHost = &host;
   g.TheLog = &log;
+  if (!options.seed.empty())
+    host.ownClock = static_cast<std::uint32_t>(ParseWhole(options.seed, 1, INT32_MAX).value_or(0));
   StartUp(g);
   g.RngChoice = options.rng - 1;
   FallBackFromMissingGenerator(g);
@@ -60,14 +69,19 @@ Table::~Table() {
   FlushEventsLog(g);
 }
 
+std::string DiceFileRefusal(Game& g, const std::filesystem::path& file, bool create) {
+  const auto refusal = OpenDiceFile(g, file, create);
+  return refusal ? WithName(*refusal, file) : "";
+}
+
 std::string PlayBackFrom(Game& g, const std::filesystem::path& file) {
-  if (const auto refusal = OpenDiceFile(g, file, false)) return refusal->text;
+  if (std::string wrong = DiceFileRefusal(g, file, false); !wrong.empty()) return wrong;
   g.DiceFileMode = DiceFilePlayback;
   return {};
 }
 
 std::string RecordInto(Game& g, const std::filesystem::path& file) {
-  if (const auto refusal = OpenDiceFile(g, file, true)) return refusal->text;
+  if (std::string wrong = DiceFileRefusal(g, file, true); !wrong.empty()) return wrong;
   g.DiceFileMode = DiceFileRecording;
   g.DiceFileRecord =
       static_cast<std::int32_t>(std::min<std::int64_t>(g.DiceFile.Length() + 1, kDiceRecordLimit));

@@ -44,6 +44,9 @@ class Table {
   FolderMakingLog log;
 };
 
+// Opens the Dice Roll File. Empty, or what is wrong, with its name.
+std::string DiceFileRefusal(Game& g, const std::filesystem::path& file, bool create);
+
 // Opens the Dice Roll File and plays it back, or records behind what it holds. Empty, or the system's words.
 std::string PlayBackFrom(Game& g, const std::filesystem::path& file);
 std::string RecordInto(Game& g, const std::filesystem::path& file);

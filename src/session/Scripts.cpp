@@ -26,6 +26,12 @@ bool IsScriptFile(std::string_view bytes) {
   return false;
 }
 
+// A file under a script file's name that is empty or no text either: a script file come to harm.
+bool IsBrokenScriptFile(const std::filesystem::path& path, std::string_view bytes) {
+  return LowerTrimmed(path.extension().string()) == ".bet" &&
+         (bytes.empty() || bytes.find('\0') != std::string_view::npos);
+}
+
 // The text at `path`, or the refusal. Of a script file no more than its beginning.
 std::optional<Message> ReadWhole(const std::filesystem::path& path, std::string& text) {
   std::error_code unknown;
@@ -50,7 +56,7 @@ ScriptSource ReadScriptSource(const std::filesystem::path& path) {
   std::string text;
   source.refusal = ReadWhole(path, text);
   if (source.refusal) return source;
-  source.isScriptFile = IsScriptFile(text);
+  source.isScriptFile = IsScriptFile(text) || IsBrokenScriptFile(path, text);
   if (source.isScriptFile) {
     ScriptFileContent content = ReadScriptFile(path);
     source.lines = std::move(content.lines);

@@ -22,7 +22,7 @@ struct ScriptSource {
   std::optional<Message> refusal;       // the system's words, or why it is no script file
 };
 
-// Reads either form; a script file is known by how it begins.
+// Reads either form; a script file is known by how it begins, one that is broken by its name.
 ScriptSource ReadScriptSource(const std::filesystem::path& path);
 
 // The line of the file, as its reader counts, that script line `line` (from 1) comes from.

@@ -20,7 +20,7 @@ struct CatalogueEntry {
 enum class IndexForm { None, Stack, Average };
 IndexForm IndexFormOf(std::int32_t code);
 inline constexpr int kMostStackIndex = 99;
-inline constexpr int kMostAverageIndex = 525;  // rolls; 0 is all of them
+inline constexpr int kMostAverageIndex = 999;  // rolls, three digits; 0 is all of them, above 525 is 525
 
 // What follows a left item. The words are "is", or "are" where the item is several; the win lists precede.
 enum class OperatorList {

@@ -434,7 +434,7 @@ bool StatementReader::ReadIndex(IndexForm form, std::int32_t& index) {
     case IndexForm::Stack:
       return ReadWholeNumber(kMostStackIndex, "a Chip-Stack's number from 0 to 99", index);
     case IndexForm::Average:
-      return ReadWord("(") && ReadWholeNumber(kMostAverageIndex, "a number of rolls from 0 to 525", index) &&
+      return ReadWord("(") && ReadWholeNumber(kMostAverageIndex, "a number of rolls from 0 to 999", index) &&
              ReadWord("roll average") && ReadWord(")");
     case IndexForm::None:
       break;
@@ -529,10 +529,16 @@ bool StatementReader::AtEnd() {
   return Rest().empty() || Fail(at_, "the end of the line");
 }
 
-// The kind of a start line, its three dots with or without blanks; 0 for other lines.
-std::int32_t StartKind(std::string_view body) {
+// The kind of a start line; 0 for other lines. Its three dots stand with or without blanks or as one
+// character. They may be missing where the line cannot be a label.
+std::int32_t StartKind(std::string_view body, bool mayBeLabel) {
+  constexpr std::string_view kEllipsis = "\xE2\x80\xA6";
+  const bool hasEllipsis = body.ends_with(kEllipsis);
+  if (hasEllipsis) body.remove_suffix(kEllipsis.size());
   const std::string_view words = body.substr(0, body.find_last_not_of(". \t") + 1);
-  if (std::ranges::count(body.substr(words.size()), '.') != 3) return 0;
+  const std::string_view rest = body.substr(words.size());
+  const auto dots = std::ranges::count(rest, '.') + (hasEllipsis ? 3 : 0);
+  if (dots != 3 && (dots != 0 || mayBeLabel)) return 0;
   for (const CatalogueEntry& start : StartLines()) {
     const std::string_view caption = start.caption.substr(0, start.caption.find(" ."));
     if (!words.empty() && MatchLength(words, caption) == words.size()) return start.code;
@@ -656,7 +662,7 @@ void ScriptReader::ReadLine() {
   if (body.size() > kLongestStatement) {
     return AddError(indent + kLongestStatement, "This line is too long; only a comment may be so long.");
   }
-  line.Kind = StartKind(body);
+  line.Kind = StartKind(body, indent == 0);
   if (line.Kind != 0) return AddLine(std::move(line));
   ReadStatement(body, indent);
 }

@@ -38,9 +38,13 @@ std::string_view TrimBlanks(std::string_view text) {
 }
 
 std::string LowerTrimmed(std::string_view text) {
+  // Of the letters beyond ASCII those of the western scripts, which stand 32 apart behind the byte C3.
   std::string lower(TrimBlanks(text));
-  std::ranges::transform(lower, lower.begin(),
-                         [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
+  for (std::size_t i = 0; i < lower.size(); ++i) {
+    const auto byte = static_cast<unsigned char>(lower[i]);
+    const bool isWestern = i > 0 && lower[i - 1] == '\xC3' && byte >= 0x80 && byte <= 0x9E && byte != 0x97;
+    if (isWestern || (byte >= 'A' && byte <= 'Z')) lower[i] = static_cast<char>(byte + 32);
+  }
   return lower;
 }
 

@@ -27,7 +27,7 @@ bool NamesFlag(const ScriptLine& line);
 // Without the blanks at the right; at both ends.
 std::string_view TrimRight(std::string_view text);
 std::string_view TrimBlanks(std::string_view text);
-// Trimmed, letters A to Z in lower case: as labels and flag names are compared.
+// Trimmed, in lower case: as labels and flag names are compared.
 std::string LowerTrimmed(std::string_view text);
 
 }  // namespace rollwick

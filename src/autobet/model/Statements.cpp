@@ -185,7 +185,8 @@ constexpr const char* kOtherLines =
     "comment; "
     "any other line without an indent is a label.\n";
 constexpr const char* kConditionWords =
-    "N is a Chip-Stack's number (0 to 99), or the rolls of an average (0 to 525, 0 for all). `has won`, "
+    "N is a Chip-Stack's number (0 to 99), or the rolls of an average (0 to 999: 0 for all, at most 525 "
+    "count). `has won`, "
     "`has lost`, `has not won` and `has not lost` may stand without AMOUNT times, and `has rolled` and `has "
     "not "
     "rolled` take `each time`.\n";

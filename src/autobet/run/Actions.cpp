@@ -24,8 +24,8 @@ std::optional<SlotRange> TargetsOf(AutoBetRun& run, const ScriptStep& step) {
   const auto only = [](BetId slot) {
     return slot == 0 ? std::nullopt : std::optional<SlotRange>({slot, slot});
   };
-  if (const auto group = GroupOfValue(code)) return group;
   if (IsBet(code)) return only(code);
+  if (const auto group = GroupOfValue(code)) return group;
   switch (code) {
     case Item::Stack:
       return only(StackSlot(run, step.RightIndex));

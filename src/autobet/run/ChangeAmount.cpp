@@ -95,7 +95,8 @@ void ApplyToGroup(AutoBetRun& run, const ScriptStep& step, BetId slot, Money val
   Game& g = run.g;
   const std::int32_t form = step.Op % 10;
   const bool divides = step.Op / 10 * 10 == Verb::Divide;
-  if (divides && WholeDollarsBelow(value) == Money()) return;
+  // In an average a divisor below one dollar counts all the same.
+  if (divides && form < Average && WholeDollarsBelow(value) == Money()) return;
   const bool isFirst = form >= Average ? run.groupCount == 0 : run.groupValue == Money();
   const std::optional<Money> best = BestOfGroup(run, form, value);
   if (!best || !run.error.empty()) return;

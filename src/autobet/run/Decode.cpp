@@ -37,6 +37,24 @@ bool GoesOnWith(const ScriptLine& before, const ScriptLine& line) {
          before.RightIndex == line.RightIndex;
 }
 
+bool MayGoWith(std::int32_t kind, std::int32_t before) {
+  return kind == before && (kind == KindCondition || kind == KindAction);
+}
+
+// From the last line up: where a run goes on behind each line, and where when it passes the rest over.
+void LinkSteps(std::vector<ScriptStep>& steps) {
+  std::int32_t next = static_cast<std::int32_t>(steps.size()) + 1;
+  for (auto line = next - 1; line >= 1; --line) {
+    ScriptStep& step = steps[static_cast<std::size_t>(line - 1)];
+    step.Next = step.Past = next;
+    if (next <= std::ssize(steps)) {
+      const ScriptStep& behind = steps[static_cast<std::size_t>(next - 1)];
+      if (MayGoWith(step.Kind, behind.Kind)) step.Past = behind.Past;
+    }
+    if (step.Kind != KindComment) next = line;
+  }
+}
+
 }  // namespace
 
 void DecodeScript(Game& g) {
@@ -67,6 +85,7 @@ void DecodeScript(Game& g) {
     g.ScriptProgram.push_back(step);
     before = &line;
   }
+  LinkSteps(g.ScriptProgram);
   g.ScriptIsDecoded = true;
 }
 

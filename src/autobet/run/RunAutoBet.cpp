@@ -160,7 +160,6 @@ void CloseBlock(AutoBetRun& run, std::int32_t kind) {
 }
 
 void TestCondition(AutoBetRun& run, const ScriptStep& step) {
-  if (run.decided || !run.blockTrue) return;
   EvaluateConditionLine(run, step);
   if (run.lineOccurred) run.blockOccurred = true;
   if (!run.error.empty()) return;
@@ -168,8 +167,6 @@ void TestCondition(AutoBetRun& run, const ScriptStep& step) {
 }
 
 void TakeAction(AutoBetRun& run, const ScriptStep& step) {
-  if (run.blockKind == KindThen && !run.decided) return;
-  if (run.blockKind == KindElse && run.decided) return;
   if (step.StartsGroup) {
     run.groupCount = 0;
     run.groupValue = Money();
@@ -177,6 +174,13 @@ void TakeAction(AutoBetRun& run, const ScriptStep& step) {
   const bool isIgnored = step.Op == Verb::Return && run.returnLines.empty();
   ExecuteAction(run, step);
   if (run.error.empty()) Trace(run.g, isIgnored ? kReturnIgnored : "Action taken.");
+}
+
+// Whether a condition or an action, and those behind it up to the next line of another kind, are passed over.
+bool IsPassedOver(const AutoBetRun& run, std::int32_t kind) {
+  if (kind == KindCondition) return run.decided || !run.blockTrue;
+  return kind == KindAction &&
+         ((run.blockKind == KindThen && !run.decided) || (run.blockKind == KindElse && run.decided));
 }
 
 void VisitLine(AutoBetRun& run, const ScriptStep& step) {
@@ -235,15 +239,16 @@ std::int32_t Jump(AutoBetRun& run) {
   if (!CountLines(run, label < 0 ? lines : label) || label < 0) return lines + 1;
   g.CurrentLine = label;
   DescribeStep(run, KindLabel);
-  return label + 1;
+  return g.ScriptProgram[static_cast<std::size_t>(label - 1)].Next;
 }
 
 std::int32_t JumpBack(AutoBetRun& run) {
+  Game& g = run.g;
   run.returnPending = false;
-  run.g.CurrentLine = run.returnLines.back();
+  g.CurrentLine = run.returnLines.back();
   run.returnLines.pop_back();
-  Trace(run.g, kReturned);
-  return run.g.CurrentLine + 1;
+  Trace(g, kReturned);
+  return g.ScriptProgram[static_cast<std::size_t>(g.CurrentLine - 1)].Next;
 }
 
 void Walk(AutoBetRun& run) {
@@ -251,11 +256,17 @@ void Walk(AutoBetRun& run) {
   const auto lines = static_cast<std::int32_t>(g.ScriptProgram.size());
   std::int32_t line = 1;
   while (line <= lines) {
+    const ScriptStep& step = g.ScriptProgram[static_cast<std::size_t>(line - 1)];
+    const bool isPassed = IsPassedOver(run, step.Kind);
+    const std::int32_t next = isPassed ? step.Past : step.Next;
     g.CurrentLine = line;
-    if (!CountLines(run, 1)) return;
-    VisitLine(run, g.ScriptProgram[static_cast<std::size_t>(line - 1)]);
+    if (!CountLines(run, next - line)) return;
+    line = next;
+    if (isPassed) continue;
+    VisitLine(run, step);
+    if (run.jumpTo != 0) line = Jump(run);
+    if (run.returnPending) line = JumpBack(run);
     if (!run.error.empty() || !g.AutoBetRunning) return;
-    line = run.jumpTo != 0 ? Jump(run) : run.returnPending ? JumpBack(run) : line + 1;
   }
 }
 

@@ -53,6 +53,16 @@ TEST(SaveWhole, FollowsALink) {
   EXPECT_EQ(Content(folder / "real"), "new");
 }
 
+TEST(SaveWhole, LeavesADeviceOrAPipeInItsPlace) {
+  const TemporaryFolder folder;
+  EXPECT_EQ(SaveWhole("/dev/full", "x"), "No space left on device, Error #28");
+  EXPECT_TRUE(fs::is_character_file("/dev/full"));
+  ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
+  EXPECT_EQ(SaveWhole(folder / "pipe", "x"), "No such device or address, Error #6") << "nobody reads it";
+  EXPECT_TRUE(fs::is_fifo(folder / "pipe"));
+  EXPECT_EQ(FileCount(folder.Path()), 1);
+}
+
 TEST(SaveWhole, SaysWhyItCannot) {
   const TemporaryFolder folder;
   ASSERT_EQ(SaveWhole(folder / "file", "kept"), "");

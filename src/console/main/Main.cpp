@@ -28,6 +28,7 @@ void CatchInterrupts() {
   action.sa_handler = Interrupt;
   sigemptyset(&action.sa_mask);
   sigaction(SIGINT, &action, nullptr);  // without SA_RESTART: a wait for input ends too
+  std::signal(SIGXFSZ, SIG_IGN);        // a file at its limit is an error to tell, like a full disk
 }
 
 bool HasDisplay() {

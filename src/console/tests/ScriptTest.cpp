@@ -140,6 +140,8 @@ TEST_F(ScriptCommands, RollsAreCountedThroughNewGames) {
   const auto object = RunJson(resets, {"--rolls", "1000"});
   EXPECT_EQ(object["rolls"], 1000);
   EXPECT_LT(object["summary"]["TotalRolls"], 40);
+  // New games are seeded by a clock that a given seed fixes.
+  EXPECT_EQ(RunJson(resets, {"--rolls", "1000"})["hand"], object["hand"]);
 }
 
 TEST_F(ScriptCommands, WhereAScriptMayWrite) {
@@ -314,6 +316,9 @@ TEST_F(ScriptCommands, ScriptsThatAreRefused) {
     EXPECT_FALSE(std::filesystem::exists(folder / "built.bet")) << "nothing is written on error";
   }
   EXPECT_NE(Rollwick({"script", "show", At("none.bet")}).error.find("Error #2"), std::string::npos);
+  for (const std::string& broken : {std::string(), std::string("Rollwick auto bets\0", 19)})
+    EXPECT_NE(Rollwick({"script", "show", Put("broken.bet", broken)}).error.find("corrupted"),
+              std::string::npos);
   EXPECT_NE(Rollwick({"script", "show", folder.Path().string()}).error.find("Error #21"), std::string::npos);
 }
 
@@ -408,6 +413,7 @@ TEST_F(ScriptCommands, DiceFilesAsTexts) {
       {"dice without a gap", make("12"), 1, ":2:1: "},
       {"a long line", make("1 2" + std::string(5000, ' ')), 1, ":2:4097: "},
       {"no text", {"dice", "make", At("none"), "-o", file}, 1, "cannot be read"},
+      {"no file", {"dice", "show", "/nowhere.rol"}, 1, "/nowhere.rol: No such file or directory, Error #2"},
       {"no dice file", {"dice", "show", text}, 1, "not a true Rollwick dice roll file"},
       {"beyond the end", {"dice", "show", file, "--first", "4"}, 1, "3 rolls"},
       {"roll 0", {"dice", "show", file, "--first", "0"}, 2, "--first"},

@@ -39,15 +39,7 @@ void CountStreak(std::int32_t& streak, bool won) {
   }
 }
 
-// Whether a dollar lost on `bet` costs a dollar and no vig. The Field's own table says what it loses.
-bool LosesItsStake(BetId bet) {
-  return !IsLay(bet) && !IsBuy(bet) && bet != Bet::Field;
-}
-
 void ResolveWorkingBet(Game& g, int outcome, BetId bet) {
-  if (outcome < 0 && g.BetAmount[bet] == Money() && LosesItsStake(bet)) {
-    return RecordBetDecision(g, PhantomWagers, bet, Dollars(1), Dollars(-1));
-  }
   ComputePayoff(g, false, bet, outcome, Dollars(1));
   RecordBetDecision(g, PhantomWagers, bet, Dollars(1), g.PayoffExact);
   const Money stake = g.BetAmount[bet];
@@ -85,7 +77,7 @@ void ReturnOdds(Game& g, BetId bet) {
 
 }  // namespace
 
-void ResolveBet(Game& g, int outcome, BetId bet) {
+void ResolveStandingBet(Game& g, int outcome, BetId bet) {
   g.CurrentBetId = bet;
   g.BetMustComeDown = false;
   if (g.BetWorking[bet] >= On) {

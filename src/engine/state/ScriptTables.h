@@ -64,6 +64,8 @@ struct ScriptStep {
   std::int32_t RightIndex = 0;
   std::int32_t Jump = 0;    // of Go to and Gosub the line of the label; 0 names none, -1 is not there
   std::int32_t Flag = -1;   // first flag of the name; -1: no such flag
+  std::int32_t Next = 0;    // line behind this one that is no comment
+  std::int32_t Past = 0;    // line behind the conditions or actions this one belongs to
   bool StartsGroup = true;  // the line before is no action with the same verb and target
   bool AllNumbers = false;  // of Reset rolls: every event of the dice
   Money Amount;

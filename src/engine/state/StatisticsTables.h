@@ -38,8 +38,9 @@ enum BetStatField : int {
 };
 
 using BetStatRow = std::array<Money, kBetStatFieldCount>;  // counts are kept as Money too
-using BetStatTable =
-    std::array<std::array<BetStatRow, 101>, kBetStatKindCount>;  // by kind, bet 0..100; 0 is a work row
+inline constexpr int kBetRowCount = 101;
+using BetStatTable = std::array<std::array<BetStatRow, kBetRowCount>,
+                                kBetStatKindCount>;  // by kind, bet 0..100; 0 is a work row
 
 enum HandStat : int {
   HandRolls,
@@ -65,8 +66,6 @@ enum HandStat : int {
   kHandStatCount,
 };
 
-inline constexpr int kDecidedActual = 128;
-
 inline constexpr int kGraphPage = 525;  // points of a page of the bankroll graph
 
 struct StatisticsTables {
@@ -83,9 +82,9 @@ struct StatisticsTables {
   BetStatTable BetWagers{};
   BetStatTable BetWins{};
   BetStatTable BetLosses{};
-  // The bets with a result of the current roll, the first DecidedCount entries: a bet once for each kind, for
-  // actual wagers with kDecidedActual added.
-  std::array<BetId, 2 * (kBetCount + 1)> DecidedBets{};
+  // What was decided in the current roll, the first DecidedCount entries, a bet once for each kind and
+  // result: the kind in bit 8, the bet in bits 1 to 7, bit 0 for a loss.
+  std::array<std::int32_t, 4 * (kBetCount + 1)> DecidedBets{};
   std::int32_t DecidedCount = 0;
   // Runs of wins (above 0) or losses (below 0): column 0 as before the current roll, column 1 now.
   std::array<std::array<std::int32_t, 2>, 101> BetStreak{};

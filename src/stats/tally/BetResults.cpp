@@ -5,13 +5,22 @@ namespace rollwick {
 
 namespace {
 
-void AddDecision(BetStatRow& row, Money amount) {
+inline void AddDecision(BetStatRow& row, Money amount) {
   row[TotalCount] += Dollars(1);
   row[TotalAmount] += amount;
   if (amount > row[HighAmount]) row[HighAmount] = amount;
   if (amount > Money() && (row[LowAmount] == Money() || amount < row[LowAmount])) row[LowAmount] = amount;
   row[LastAmount] = row[LastRollAmount] = amount;
   row[LastRollCount] = Dollars(1);
+}
+
+inline void AddDecision(Game& g, BetStatKind kind, BetId bet, bool won, Money wager, Money result) {
+  BetStatRow& results = won ? g.BetWins[kind][bet] : g.BetLosses[kind][bet];
+  if (results[LastRollCount] == Money()) {
+    g.DecidedBets[g.DecidedCount++] = kind << 8 | bet << 1 | (won ? 0 : 1);
+  }
+  AddDecision(g.BetWagers[kind][bet], wager);
+  AddDecision(results, result);
 }
 
 // What the decision adds to the wager: the vig, if this kind of vig is charged on this result.
@@ -29,20 +38,22 @@ Money VigOnWager(const Game& g, BetStatKind kind, BetId bet, Money result) {
 // A phantom bet on a number is there only after it has travelled; a house with put bets lets a Come bet start
 // there.
 bool PhantomIsAbsent(const Game& g, BetId bet) {
+  if (bet < Bet::DontCome4 || bet > Bet::Come10Odds) return false;
   if (g.BetWagers[PhantomWagers][bet][InPlay] != Money()) return false;
-  if (IsDontComeNumber(bet) || IsDontComeOdds(bet)) return true;
-  return (IsComeNumber(bet) || IsComeOdds(bet)) && !g.Rules.AllowPutBets;
+  return bet < Bet::Come4 || !g.Rules.AllowPutBets;
+}
+
+void ClearRollResult(BetStatRow& row) {
+  row[LastRollCount] = row[LastRollAmount] = Money();
 }
 
 // The results of the last roll stand only in the rows of the bets it decided.
 void ClearRollResults(StatisticsTables& g) {
   for (int i = 0; i < g.DecidedCount; ++i) {
-    const bool isActual = g.DecidedBets[i] >= kDecidedActual;
-    const BetId bet = g.DecidedBets[i] % kDecidedActual;
-    for (BetStatTable* table : {&g.BetWagers, &g.BetWins, &g.BetLosses}) {
-      BetStatRow& row = (*table)[isActual ? ActualWagers : PhantomWagers][bet];
-      row[LastRollCount] = row[LastRollAmount] = Money();
-    }
+    const auto decided = static_cast<std::uint32_t>(g.DecidedBets[i]);
+    const std::uint32_t kind = decided >> 8, bet = decided >> 1 & 127;
+    ClearRollResult(g.BetWagers[kind][bet]);
+    ClearRollResult(((decided & 1) != 0 ? g.BetLosses : g.BetWins)[kind][bet]);
   }
   g.DecidedCount = 0;
 }
@@ -67,11 +78,11 @@ Money PhantomLayVig(const Game& g, BetId bet) {
 void RecordBetDecision(Game& g, BetStatKind kind, BetId bet, Money wager, Money result) {
   if (result == Money()) return;
   if (kind == PhantomWagers && PhantomIsAbsent(g, bet)) return;
-  if (g.BetWagers[kind][bet][LastRollCount] == Money()) {
-    g.DecidedBets[g.DecidedCount++] = kind == ActualWagers ? kDecidedActual + bet : bet;
-  }
-  AddDecision(g.BetWagers[kind][bet], wager + VigOnWager(g, kind, bet, result));
-  AddDecision(result > Money() ? g.BetWins[kind][bet] : g.BetLosses[kind][bet], Abs(result));
+  AddDecision(g, kind, bet, result > Money(), wager + VigOnWager(g, kind, bet, result), Abs(result));
+}
+
+void RecordPhantomLoss(Game& g, BetId bet) {
+  if (!PhantomIsAbsent(g, bet)) AddDecision(g, PhantomWagers, bet, false, Dollars(1), Dollars(1));
 }
 
 void StartRollResults(Game& g) {

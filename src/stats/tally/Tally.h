@@ -17,6 +17,9 @@ void TallyRoll(Game& g);
 // travelled to their number.
 void RecordBetDecision(Game& g, BetStatKind kind, BetId bet, Money wager, Money result);
 
+// The commonest decision: a phantom dollar lost on a bet that costs no vig.
+void RecordPhantomLoss(Game& g, BetId bet);
+
 // The vig on a phantom Lay bet of one dollar: of what it would win, unrounded.
 Money PhantomLayVig(const Game& g, BetId bet);
 

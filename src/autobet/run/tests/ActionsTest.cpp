@@ -146,6 +146,8 @@ TEST(Amounts, Groups) {
     {"whole numbers divide", {{109, "100.9"}}, {OnStack(55, 8, 9)}, {{109, "10"}}},
     {"the lowest divisor of a run", {{109, "100"}}, {OnStack(55, 2, 9), OnStack(55, 1, 9)}, {{109, "20"}}},
     {"no division by half a dollar", {{109, "100"}}, {OnStack(53, 6, 9), OnStack(57, 6, 9)}, {}},
+    {"division by the average of 0.5 and 10.5", {{109, "100"}}, {OnStack(57, 6, 9), OnStack(57, 8, 9)}, {{109,
+     "20"}}},
     {"a comment parts two runs", {{109, "10"}}, {add(1), Comment(), add(2)}, {{109, "24"}}},
     {"a label parts two runs", {{109, "10"}}, {add(2), Label("x"), add(1)}, {{109, "24"}}},
     {"another stack parts two runs", {}, {add(1), add(2, 7), add(3)}, {{109, "12"}, {107, "9"}}},

@@ -235,6 +235,7 @@ TEST(Walk, Paths) {
       {"a label that is not there", {GoTo("nowhere"), act}, "1"},
       {"the first of two labels", {GoTo("b"), x, act, goEnd, Label("b"), goX, x, act, end}, "1 6 3 4"},
       {"case and blanks of labels", {GoTo(" MyLabel"), act, Label("mylaBEL  "), act}, "1 4"},
+      {"case of accented letters", {GoTo("\xC3\x89t\xC3\x89"), act, Label("\xC3\xA9t\xC3\xA9"), act}, "1 4"},
       {"Go to without a name", {GoTo(""), GoTo("  "), act, Label("  ")}, "1 2 3"},
       {"nested Gosub",
        {Gosub("a"), act, goEnd, Label("a"), Gosub("b"), act, back, Label("b"), act, back, end},
