@@ -97,6 +97,13 @@ bool HasPlaceInCodePage(std::string_view text) {
   return true;
 }
 
+bool IsUtf8(std::string_view bytes) {
+  while (!bytes.empty()) {
+    if (TakeCharacter(bytes) == kNoCharacter) return false;
+  }
+  return true;
+}
+
 std::size_t CharacterCount(std::string_view text) {
   std::size_t count = 0;
   for (; !text.empty(); ++count) TakeCharacter(text);

@@ -18,6 +18,9 @@ std::string FromCodePage(std::string_view bytes);
 // Whether every character of the text has a place, so that nothing of it is lost in a file.
 bool HasPlaceInCodePage(std::string_view text);
 
+// Whether the bytes are UTF-8 throughout.
+bool IsUtf8(std::string_view bytes);
+
 // Characters of the text; a byte that is no UTF-8 counts as one.
 std::size_t CharacterCount(std::string_view text);
 

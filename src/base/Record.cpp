@@ -73,6 +73,15 @@ std::string RecordReader::Text(std::size_t width) {
   return text;
 }
 
+std::string RecordReader::Path(std::size_t width) {
+  const auto place = Step(width);
+  if (!place) return {};
+  std::string path(bytes_.substr(*place, width));
+  std::ranges::replace(path, '\0', ' ');
+  path.erase(path.find_last_not_of(' ') + 1);
+  return path;
+}
+
 void RecordWriter::Number(std::uint64_t value, std::size_t size) {
   const auto place = Step(size);
   if (!place) return;
@@ -84,9 +93,13 @@ void RecordWriter::Single(float value) {
 }
 
 void RecordWriter::Text(std::string_view text, std::size_t width) {
+  Path(ToCodePage(text), width);
+}
+
+void RecordWriter::Path(std::string_view path, std::size_t width) {
   const auto place = Step(width);
   if (!place) return;
-  std::string field = ToCodePage(text);
+  std::string field(path);
   field.resize(width, ' ');
   std::ranges::copy(field, bytes_.begin() + static_cast<std::ptrdiff_t>(*place));
 }

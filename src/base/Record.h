@@ -47,6 +47,8 @@ class RecordReader : public RecordCursor {
   Money Amount() { return Money::FromUnits(Int64()); }
   // A text of `width` characters, without the blanks at its right.
   std::string Text(std::size_t width);
+  // The same without a code page: a path's own bytes.
+  std::string Path(std::size_t width);
 
  private:
   std::uint64_t Number(std::size_t size);
@@ -66,6 +68,7 @@ class RecordWriter : public RecordCursor {
   void Amount(Money value) { Int64(value.Units()); }
   // Cut at `width` characters, or filled with blanks.
   void Text(std::string_view text, std::size_t width);
+  void Path(std::string_view path, std::size_t width);
 
  private:
   void Number(std::uint64_t value, std::size_t size);

@@ -9,6 +9,8 @@
 #include "base/Nearest.h"
 #include "console/DiceDraw.h"
 #include "console/DiceFileText.h"
+#include "console/GameShow.h"
+#include "console/GamesShow.h"
 #include "console/Play.h"
 #include "console/PlayCommands.h"
 #include "console/Run.h"
@@ -40,6 +42,7 @@ struct CommandLine {
   std::string first, count;
   bool isPlain = false;
   RunOptions run;
+  GamesShowOptions games;
 };
 
 void AddCommonOptions(CLI::App& app, CommandLine& line) {
@@ -56,6 +59,14 @@ void AddCommonOptions(CLI::App& app, CommandLine& line) {
       ->take_all();
   app.add_option("--dice", line.common.diceFile, "Plays the rolls of a Dice Roll File (play and run)")
       ->type_name("FILE.rol");
+  app.add_option("--matrix", line.common.matrixFile,
+                 "The dice fall by this probability file (play, run and dice draw)")
+      ->type_name("FILE.prb");
+  app.add_option("--game", line.common.gameFile,
+                 "Starts from a saved game; default is the one the table keeps (play and run)")
+      ->type_name("FILE.crp");
+  app.add_option("--rules", line.common.rulesFile, "Plays by the rules of a saved game (play and run)")
+      ->type_name("FILE.crp");
   app.add_flag("--json", line.common.json, "Results as JSON, one object a line");
   app.add_flag("--quiet", line.common.quiet, "Shows no progress of long runs");
 }
@@ -88,6 +99,7 @@ CLI::App* AddRun(CLI::App& app, CommandLine& line) {
       ->allow_extra_args(false)
       ->take_all();
   command->add_option("--events", run.eventsFile, "Writes the Events Log to this file")->type_name("FILE");
+  command->add_option("--save", run.saveFile, "Saves the game at the end")->type_name("FILE.crp");
   command->add_option("--record", run.recordFile, "Records the rolls in a Dice Roll File")
       ->type_name("FILE.rol");
   command
@@ -95,6 +107,21 @@ CLI::App* AddRun(CLI::App& app, CommandLine& line) {
                    "Where the script's own files lie (usual: the data folder)")
       ->type_name("DIR");
   AddAllowWrite(*command, line);
+  return command;
+}
+
+CLI::App* AddGamesShow(CLI::App& games, CommandLine& line) {
+  CLI::App* const command = games.add_subcommand("show", "The figures of one column over all games");
+  command->fallthrough();
+  command->add_option("FILE.glg", line.games.file, "The Games Log")->required()->type_name("");
+  command->add_option("--view", line.games.view, "The column, by its number or its name (usual: 0, # Rolls)")
+      ->type_name("COLUMN");
+  command->add_option("--include", line.games.include, "Which games count (usual: won,even,lost)")
+      ->type_name("CLASSES");
+  command
+      ->add_option("--break", line.games.breakPoints,
+                   "A game is won with a net above HIGH, lost below LOW (usual: 0:0)")
+      ->type_name("LOW:HIGH");
   return command;
 }
 
@@ -112,9 +139,11 @@ std::string Listed(const std::vector<std::string>& words) {
 // The words of a line CLI11 could not use; the nearest command for an unknown one.
 std::string WhatIsWrong(const CLI::ParseError& error, const std::vector<std::string>& words) {
   const std::map<std::string, std::vector<std::string>> commands = {
-      {"", {"play", "run", "dice", "script"}},
+      {"", {"play", "run", "dice", "script", "game", "games"}},
       {"dice", {"draw", "show", "make"}},
-      {"script", {"show", "build", "check", "statements"}}};
+      {"script", {"show", "build", "check", "statements"}},
+      {"game", {"show", "fields"}},
+      {"games", {"show"}}};
   std::string group;
   for (const std::string& word : words) {
     const auto known = commands.find(group);
@@ -146,7 +175,8 @@ int RunConsole(const std::vector<std::string>& words, const Terminal& terminal) 
   app.require_subcommand(0, 1);
   AddCommonOptions(app, line);
   const std::string common =
-      "The options of `rollwick --help` apply: --data, --rng, --seed, --answer, --dice, --json, --quiet.";
+      "The options of `rollwick --help` apply: --data, --rng, --seed, --answer, --dice, --matrix, --json, "
+      "--quiet.";
 
   CLI::App* const play = app.add_subcommand("play", "One game, command by command, from a file or as typed");
   play->fallthrough();
@@ -187,6 +217,17 @@ int RunConsole(const std::vector<std::string>& words, const Terminal& terminal) 
   CLI::App* const statements = script->add_subcommand("statements", "Every statement a script may use");
   statements->fallthrough();
 
+  CLI::App* const game = app.add_subcommand("game", "Saved games");
+  game->fallthrough()->require_subcommand(1);
+  CLI::App* const gameShow =
+      AddFileCommand(*game, line, "show", "Every field of a saved game", "FILE.crp", "The game file");
+  CLI::App* const gameFields = game->add_subcommand("fields", "Where each field of a game file stands");
+  gameFields->fallthrough();
+
+  CLI::App* const games = app.add_subcommand("games", "Games Logs");
+  games->fallthrough()->require_subcommand(1);
+  CLI::App* const gamesShow = AddGamesShow(*games, line);
+
   try {
     app.parse(std::vector<std::string>(words.rbegin(), words.rend()));
   } catch (const CLI::Success& success) {
@@ -199,9 +240,14 @@ int RunConsole(const std::vector<std::string>& words, const Terminal& terminal) 
   const auto rng = ParseWhole(line.rng, 1, kRngCount);
   if (!rng) return Usage(terminal, "--rng takes a generator from 1 to 8.");
   line.common.rng = static_cast<int>(*rng);
+  line.common.rngIsGiven = app.count("--rng") > 0;
   if (play->parsed()) return RunPlay(line.common, line.playFile, terminal);
   if (run->parsed()) return RunBettingSystem(line.common, line.run, terminal);
   if (!line.common.diceFile.empty()) return Usage(terminal, "--dice is for play and run.");
+  if (!line.common.matrixFile.empty() && !draw->parsed())
+    return Usage(terminal, "--matrix is for play, run and dice draw.");
+  if (!line.common.gameFile.empty() || !line.common.rulesFile.empty())
+    return Usage(terminal, "--game and --rules are for play and run.");
   if (draw->parsed()) return RunDiceDraw(line.common, line.rolls, line.output, terminal);
   if (diceShow->parsed()) return RunDiceShow(line.file, line.first, line.count, line.common.json, terminal);
   if (diceMake->parsed()) return RunDiceMake(line.file, line.output, terminal);
@@ -209,6 +255,9 @@ int RunConsole(const std::vector<std::string>& words, const Terminal& terminal) 
   if (build->parsed()) return RunScriptBuild(line.file, line.output, terminal);
   if (check->parsed()) return RunScriptCheck(line.file, terminal);
   if (statements->parsed()) return RunScriptStatements(terminal);
+  if (gameShow->parsed()) return RunGameShow(line.file, line.common.json, terminal);
+  if (gameFields->parsed()) return RunGameFields(terminal);
+  if (gamesShow->parsed()) return RunGamesShow(line.games, line.common.json, terminal);
   terminal.out << app.help();
   return ExitUsage;
 }

@@ -27,9 +27,13 @@ int RunConsole(const std::vector<std::string>& words, const Terminal& terminal);
 struct CommonOptions {
   std::string dataFolder;  // empty: the user's own
   int rng = 1;             // as users count them, 1..8
-  std::string seed;        // empty: from the clock
+  bool rngIsGiven = false;
+  std::string seed;  // empty: from the clock
   std::vector<std::string> answers;
-  std::string diceFile;  // played back; empty: none
+  std::string gameFile;    // started from; "default" is the working game; empty: a newly opened house
+  std::string rulesFile;   // a game file whose rules a new game is played by
+  std::string diceFile;    // played back; empty: none
+  std::string matrixFile;  // the dice fall by it; empty: they fall true
   bool json = false;
   bool quiet = false;
   bool scriptsMayWrite = false;  // anywhere, and read

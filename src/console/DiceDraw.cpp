@@ -4,10 +4,12 @@
 #include <ostream>
 
 #include "base/AtomicFile.h"
+#include "console/Report.h"
 #include "console/Table.h"
 #include "console/Words.h"
 #include "dice/DiceFile.h"
 #include "dice/Draw.h"
+#include "dice/Matrix.h"
 
 namespace rollwick {
 
@@ -34,9 +36,17 @@ int RunDiceDraw(const CommonOptions& options, const std::string& rolls, const st
   }
 
   Game& g = table.g;
+  if (const std::string wrong = PlayWithMatrix(g, options.matrixFile); !wrong.empty()) {
+    terminal.error << "rollwick: " << CleanUtf8(OneLine(wrong)) << "\n";
+    return ExitFailure;
+  }
   std::string records;
   while (g.RollCount() < *count && !table.host.WasInterrupted() && terminal.out.good()) {
-    DrawDice(g);
+    if (g.UseProbabilityMatrix) {
+      PickPairFromMatrix(g, DrawMatrixValue(g));
+    } else {
+      DrawDice(g);
+    }
     ++g.RollCount();  // two of the generators take turns by it
     if (file.empty()) {
       PrintRoll(terminal.out, options.json, g.RollCount(), g.Die1, g.Die2);

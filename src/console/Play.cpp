@@ -6,7 +6,9 @@
 #include <ostream>
 
 #include "base/Nearest.h"
+#include "console/GameFiles.h"
 #include "console/LineEditor.h"
+#include "stats/logs/GamesLog.h"
 
 namespace rollwick {
 namespace {
@@ -64,8 +66,11 @@ int PlayAll(Table& table, NextLine nextLine, bool isJson, const Terminal& termin
     const std::optional<InputLine> line = nextLine();
     if (!line || !PlayLine(table, *line, isJson, terminal)) break;
   }
+  // The game that is left is finished too.
+  const auto refusal = AppendGameRecord(table.g);
+  if (refusal) terminal.error << "rollwick: " << CleanUtf8(OneLine(refusal->text)) << "\n";
   if (table.host.WasInterrupted()) return ExitInterrupted;
-  return terminal.out.good() ? ExitSuccess : ExitFailure;
+  return !refusal && terminal.out.good() ? ExitSuccess : ExitFailure;
 }
 
 }  // namespace
@@ -100,9 +105,11 @@ int RunPlay(const CommonOptions& options, const std::string& file, const Termina
     terminal.error << "rollwick: " << table.Error() << "\n";
     return ExitUsage;
   }
-  if (const std::string wrong = options.diceFile.empty() ? "" : PlayBackFrom(table.g, options.diceFile);
-      !wrong.empty()) {
-    terminal.error << "rollwick: " << OneLine(wrong) << "\n";
+  std::string wrong = StartFromFiles(table, options);
+  if (wrong.empty()) wrong = PlayWithMatrix(table.g, options.matrixFile);
+  if (wrong.empty() && !options.diceFile.empty()) wrong = PlayBackFrom(table.g, options.diceFile);
+  if (!wrong.empty()) {
+    terminal.error << "rollwick: " << CleanUtf8(OneLine(wrong)) << "\n";
     return ExitFailure;
   }
   if (!file.empty()) {

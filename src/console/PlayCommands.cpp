@@ -50,7 +50,7 @@ constexpr PlayCommand kCommands[] = {
     {"hyper", "N", "Hyper-Drive for N rolls; 0 is no count", 1, 1, RunHyper},
     {"show", "[WHAT]",
      "the table, or: bet NAME, slots, events, gaps EVENT, hand, bankroll, rules,\n"
-     "                                      settings, payoffs, seeds, script, flags, log [N]",
+     "                                      settings, payoffs, seeds, matrix, script, flags, log [N]",
      0, 2, RunShow},
     {"set", "NAME VALUE", "changes a setting; show rules and show settings list them", 2, 2, RunSet},
     {"payoff", "NAME RATIO BASE [to|for]", "what a bet pays; payoff field INDEX RATIO BASE; payoff restore",
@@ -61,10 +61,18 @@ constexpr PlayCommand kCommands[] = {
     {"new", "[keep]", "starts a new game; keep keeps the Chip-Stacks", 0, 1, RunNew},
     {"script", "load FILE|on|off|run|clear", "the Auto-Bet script: loads it, switches it, runs it once", 1, 2,
      RunScript},
+    {"save", "FILE", "saves the game", 1, 1, RunSave},
+    {"load", "FILE", "goes on with a saved game", 1, 1, RunLoad},
     {"record", "FILE", "records the rolls in a Dice Roll File, behind those it holds", 1, 1, RunRecord},
     {"playback", "FILE", "plays the rolls of a Dice Roll File", 1, 1, RunPlayback},
     {"dicefile", "close|rewind", "closes the Dice Roll File, or plays it from its start", 1, 1, RunDiceFile},
+    {"matrix", "load|save FILE, on|off",
+     "crooked dice: the probability matrix, its file, its switch;\n"
+     "                                      matrix cell ROW COLUMN VALUE;\n"
+     "                                      matrix axis DIE 16|25|34 PERCENT",
+     1, 4, RunMatrix},
     {"log", "FILE|on|off", "the Events Log: its file, its master switch", 1, 1, RunLog},
+    {"gameslog", "FILE|off", "the Games Log that finished games are added to", 1, 1, RunGamesLog},
     {"answer", "TEXT", "one more answer for a question to come", 1, 1, RunAnswer},
     {"help", "[COMMAND]", "this list, or one command", 0, 1, RunHelp},
     {"quit", "", "ends the game", 0, 0, RunQuit},

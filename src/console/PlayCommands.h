@@ -70,12 +70,17 @@ Reply RunSeed(Table& table, Arguments arguments);
 Reply RunAtm(Table& table, Arguments arguments);
 Reply RunNew(Table& table, Arguments arguments);
 Reply RunScript(Table& table, Arguments arguments);
+Reply RunSave(Table& table, Arguments arguments);
+Reply RunLoad(Table& table, Arguments arguments);
 Reply RunRecord(Table& table, Arguments arguments);
 Reply RunPlayback(Table& table, Arguments arguments);
 Reply RunDiceFile(Table& table, Arguments arguments);
+Reply RunMatrix(Table& table, Arguments arguments);
 Reply RunLog(Table& table, Arguments arguments);
+Reply RunGamesLog(Table& table, Arguments arguments);
 Reply RunAnswer(Table& table, Arguments arguments);
 Reply RunShow(Table& table, Arguments arguments);
+Reply ShowMatrix(Table& table, Arguments arguments);
 
 // What show can show.
 std::vector<std::string> ShowWords();

@@ -194,8 +194,8 @@ constexpr ShowPage kPages[] = {
     {"table", false, ShowTable},       {"bet", true, ShowBet},      {"slots", false, ShowSlots},
     {"events", false, ShowEvents},     {"gaps", true, ShowGaps},    {"hand", false, ShowHand},
     {"bankroll", false, ShowBankroll}, {"rules", false, ShowRules}, {"settings", false, ShowSettings},
-    {"payoffs", false, ShowPayoffs},   {"seeds", false, ShowSeeds}, {"script", false, ShowScript},
-    {"flags", false, ShowFlags},       {"log", true, ShowLog},
+    {"payoffs", false, ShowPayoffs},   {"seeds", false, ShowSeeds}, {"matrix", false, ShowMatrix},
+    {"script", false, ShowScript},     {"flags", false, ShowFlags}, {"log", true, ShowLog},
 };
 
 }  // namespace

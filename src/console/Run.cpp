@@ -8,6 +8,7 @@
 
 #include "autobet/run/Output.h"
 #include "base/FormatNumber.h"
+#include "console/GameFiles.h"
 #include "console/Report.h"
 #include "console/ScriptCommands.h"
 #include "console/Table.h"
@@ -95,6 +96,7 @@ std::string OpenFiles(Table& table, const CommonOptions& options, const RunOptio
     table.log.Reopen(run.eventsFile);
     ChangeSetting(g, "RecordEventsActive", "on");
   }
+  if (std::string wrong = PlayWithMatrix(g, options.matrixFile); !wrong.empty()) return wrong;
   if (!run.recordFile.empty()) return RecordAnew(g, run.recordFile);
   if (!options.diceFile.empty()) return PlayBackFrom(g, options.diceFile);
   return {};
@@ -266,6 +268,10 @@ int RunBettingSystem(const CommonOptions& options, const RunOptions& run, const 
   const auto rolls = ParseWhole(run.rolls, 1, kMaxRollCount);
   if (!rolls) return Wrong(terminal, "--rolls takes a number from 1 to 100,000,000.", ExitUsage);
   Table table(options, terminal);
+  if (table.Error().empty()) {
+    if (const std::string wrong = StartFromFiles(table, options); !wrong.empty())
+      return Wrong(terminal, wrong, ExitFailure);
+  }
   if (const std::string wrong = ApplyWords(table, options, run); !wrong.empty())
     return Wrong(terminal, wrong, ExitUsage);
   if (!LoadForRun(table, run.script, terminal)) return ExitFailure;
@@ -273,13 +279,15 @@ int RunBettingSystem(const CommonOptions& options, const RunOptions& run, const 
     return Wrong(terminal, wrong, ExitFailure);
 
   const RunResult result = RunScriptFor(table, static_cast<std::int32_t>(*rolls), run.initializes);
+  const std::string notSaved = run.saveFile.empty() ? "" : SaveInto(table, run.saveFile);
   if (options.json) {
     terminal.out << ResultJson(table, result).dump() << "\n";
   } else {
     terminal.out << ResultForPeople(table, result);
   }
   terminal.out << std::flush;
-  bool isFailure = !terminal.out.good();
+  bool isFailure = !terminal.out.good() || !notSaved.empty();
+  if (!notSaved.empty()) Wrong(terminal, notSaved, ExitFailure);
   for (const Message& notice : table.host.notices) {
     if (!IsFailure(notice)) continue;
     isFailure = true;

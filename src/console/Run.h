@@ -17,6 +17,7 @@ struct RunOptions {
   std::vector<std::string> settings;  // NAME=VALUE
   std::string eventsFile;
   std::string recordFile;
+  std::string saveFile;
   std::string outputFolder;
 };
 

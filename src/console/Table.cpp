@@ -10,6 +10,7 @@
 #include "console/Words.h"
 #include "dice/DiceFile.h"
 #include "dice/Draw.h"
+#include "dice/ProbabilityFile.h"
 #include "engine/game/NewGame.h"
 
 namespace rollwick {
@@ -86,6 +87,18 @@ std::string RecordInto(Game& g, const std::filesystem::path& file) {
   g.DiceFileRecord =
       static_cast<std::int32_t>(std::min<std::int64_t>(g.DiceFile.Length() + 1, kDiceRecordLimit));
   g.DiceLastRecord = g.DiceFileRecord - 1;
+  return {};
+}
+
+std::string LoadMatrix(Game& g, const std::filesystem::path& file) {
+  const auto refusal = LoadProbabilityFile(g, file);
+  return refusal ? WithName(*refusal, file) : "";
+}
+
+std::string PlayWithMatrix(Game& g, const std::filesystem::path& file) {
+  if (file.empty()) return {};
+  if (std::string wrong = LoadMatrix(g, file); !wrong.empty()) return wrong;
+  g.UseProbabilityMatrix = true;
   return {};
 }
 

@@ -51,6 +51,12 @@ std::string DiceFileRefusal(Game& g, const std::filesystem::path& file, bool cre
 std::string PlayBackFrom(Game& g, const std::filesystem::path& file);
 std::string RecordInto(Game& g, const std::filesystem::path& file);
 
+// Reads the probability file into the matrix; whether the table uses it is not touched. Empty, or what is
+// wrong, with its name.
+std::string LoadMatrix(Game& g, const std::filesystem::path& file);
+// The same, and the dice fall by it. Empty also when there is no name.
+std::string PlayWithMatrix(Game& g, const std::filesystem::path& file);
+
 // Seeds the selected generator with the number in `text`. Empty, or what is wrong.
 std::string SeedWith(Game& g, std::string_view text);
 

@@ -1,8 +1,7 @@
 // Crooked dice: a weight for each of the 36 pairs of faces, and the draw by them.
 #pragma once
 
-#include <filesystem>
-#include <optional>
+#include <array>
 
 #include "engine/state/Game.h"
 
@@ -18,13 +17,25 @@ constexpr MatrixPair PairOfCell(std::int32_t row, std::int32_t column) {
   return {row + column - 7, 8 - row};
 }
 
+struct MatrixCell {
+  std::size_t row = 0, column = 0;
+};
+
+// The cells of the 36 pairs, row by row, as the draw walks them.
+inline constexpr std::array<MatrixCell, 36> kPairCells = [] {
+  std::array<MatrixCell, 36> cells;
+  std::size_t next = 0;
+  for (std::size_t row = 2; row <= 7; ++row) {
+    for (std::size_t column = row - 1; column <= 13 - row; ++column) cells[next++] = {row, column};
+  }
+  return cells;
+}();
+
+// Whether any pair can come at all.
+bool HasWeight(const MatrixTable& matrix);
+
 // Sets Die1 and Die2 by `value`, a draw of 1..100,000 (see DrawMatrixValue). Weights that sum to less leave
 // values that are no pair's: another one is then drawn from the plain source. The pairs may not all be 0.
 void PickPairFromMatrix(Game& g, std::int32_t value);
-
-// Reads a probability file (*.prb) into ProbabilityMatrix and sets ProbabilityName to its short name. Whether
-// the table uses the matrix is not touched. Nothing on success, else the message that refuses the file (for
-// one the system does not give, the system's words); the matrix is then as it was.
-std::optional<Message> LoadProbabilityFile(Game& g, const std::filesystem::path& path);
 
 }  // namespace rollwick

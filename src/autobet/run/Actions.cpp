@@ -5,7 +5,7 @@
 #include "autobet/model/Codes.h"
 #include "autobet/run/Run.h"
 #include "dice/Draw.h"
-#include "dice/Matrix.h"
+#include "dice/ProbabilityFile.h"
 #include "engine/bets/Bankroll.h"
 #include "engine/bets/Placement.h"
 #include "engine/game/NewGame.h"

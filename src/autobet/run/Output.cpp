@@ -1,6 +1,7 @@
 #include "autobet/run/Output.h"
 
 #include <cerrno>
+#include <utility>
 
 #include "autobet/run/Run.h"
 #include "base/AtomicFile.h"
@@ -13,23 +14,31 @@ void FailFile(AutoBetRun& run, int error) {
   if (error != 0) run.error = run.g.OutputFileName + ": " + SystemErrorText(error);
 }
 
-}  // namespace
-
-void OpenOutput(AutoBetRun& run, bool append) {
+// Opens the file of OutputFileName.
+void OpenNamedOutput(AutoBetRun& run, bool append) {
   Game& g = run.g;
-  CloseOutput(run);
-  if (!run.error.empty()) return;
-  g.OutputFileName = TrimBlanks(LineOf(run).Name);
   const FileGrant grant = g.TheHost->GrantFile(g, g.OutputFileName, FileUse::Write);
   if (!grant.refusal.empty()) return Fail(run, grant.refusal, EACCES);
   FailFile(run, g.ScriptOutput.Open(grant.path, append));
 }
 
+}  // namespace
+
+void OpenOutput(AutoBetRun& run, bool append) {
+  CloseOutput(run);
+  if (!run.error.empty()) return;
+  run.g.OutputFileName = TrimBlanks(LineOf(run).Name);
+  OpenNamedOutput(run, append);
+}
+
 void CloseOutput(AutoBetRun& run) {
+  run.g.OutputIsToReopen = false;
   FailFile(run, run.g.ScriptOutput.Close());
 }
 
 void WriteOutput(AutoBetRun& run, std::string_view text) {
+  if (!run.error.empty()) return;
+  if (std::exchange(run.g.OutputIsToReopen, false)) OpenNamedOutput(run, true);
   if (!run.error.empty()) return;
   if (!run.g.ScriptOutput.IsOpen()) {
     return Fail(run, "No file is open for output: open one with \"Open/clear file for output:\" first", 52);

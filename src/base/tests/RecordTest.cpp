@@ -15,6 +15,18 @@ namespace {
 
 using namespace std::string_view_literals;
 
+TEST(Record, KeepsThePathsOwnBytes) {
+  std::string bytes(12, '#');
+  RecordWriter writer(bytes);
+  writer.Path("\xC3\xA4\xFF", 5);
+  writer.Path("too long", 3);
+  writer.Path("", 5);
+  EXPECT_TRUE(writer.Failed()) << "a byte more than there is";
+  EXPECT_EQ(bytes, "\xC3\xA4\xFF  too####"sv);
+  RecordReader reader("\xC3\xA4\xFF\0 a"sv);
+  EXPECT_EQ(reader.Path(5), "\xC3\xA4\xFF");
+}
+
 TEST(Record, KeepsEachFieldByteByByte) {
   std::string bytes(36, '#');
   RecordWriter writer(bytes);

@@ -195,7 +195,7 @@ TEST(Play, BadInputIsToldAndChangesNothing) {
   };
   const Row rows[] = {
       {"unknown command", "bte Pass_Line 5", "Did you mean bet"},
-      {"a later command", "save game.crp", "no command"},
+      {"a folder that is not there", "save /none/game.crp", "No such file"},
       {"missing amount", "bet Pass_Line", "missing"},
       {"a word too many", "bet Pass Line 5", "too many"},
       {"unknown bet", "bet Pas_Line 5", "Did you mean Pass_Line"},

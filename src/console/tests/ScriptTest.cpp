@@ -80,7 +80,6 @@ TEST_F(ScriptCommands, ExitCodesOfRunsAndWhatIsSaid) {
       {"no place to record", kFlatBet, {"--record", "/nowhere/at/all.rol"}, 1, "Error #2"},
       {"both", kFlatBet, {"--record", "a.rol", "--dice", "b.rol"}, 2, "--record and --dice"},
       {"a folder for a log", kFlatBet, {"--events", "/"}, 1, "folder"},
-      {"games are not saved", kFlatBet, {"--save", "game.crp"}, 2, "--save"},
   };
   for (const Row& row : rows) {
     SCOPED_TRACE(row.name);

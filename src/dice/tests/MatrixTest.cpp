@@ -1,15 +1,13 @@
-// Crooked dice: which value draws which pair, and which probability files are taken.
+// Crooked dice: which value draws which pair.
 #include "dice/Matrix.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <fstream>
 #include <map>
 #include <set>
 
 #include "support/ScriptedHost.h"
-#include "support/TemporaryFolder.h"
 
 namespace rollwick {
 namespace {
@@ -20,9 +18,7 @@ std::int32_t& Cell(Game& g, std::size_t row, std::size_t column) {
 
 // Every pair without weight.
 void ClearPairs(Game& g) {
-  for (std::size_t row = 2; row <= 7; ++row) {
-    for (std::size_t column = row - 1; column <= 13 - row; ++column) Cell(g, row, column) = 0;
-  }
+  for (const auto [row, column] : kPairCells) Cell(g, row, column) = 0;
 }
 
 using DicePair = std::pair<std::int32_t, std::int32_t>;
@@ -81,102 +77,6 @@ TEST(Matrix, AValueOfNoPairIsDrawnAgainFromThePlainSource) {
   EXPECT_EQ(count.size(), 2U);
   const int aces = count[DicePair(1, 1)];
   EXPECT_NEAR(aces, 5'000, 250);  // five standard deviations
-}
-
-std::string FileOf(const MatrixTable& matrix) {
-  std::string bytes = "Rollwick Probability File, Data Format 4.6";
-  bytes.resize(256, ' ');
-  for (const auto& field : matrix) {
-    for (const auto& row : field) {
-      for (const std::int32_t cell : row) {
-        for (int shift = 0; shift < 32; shift += 8) bytes += static_cast<char>(cell >> shift & 0xFF);
-      }
-    }
-  }
-  bytes.resize(1280);
-  return bytes;
-}
-
-struct PrbTable : TestTable {
-  TemporaryFolder folder;
-  std::string Load(const std::string& bytes) {
-    std::ofstream(folder / "mine.prb", std::ios::binary) << bytes;
-    const auto refusal = LoadProbabilityFile(g, folder / "mine.prb");
-    if (!refusal) return {};
-    EXPECT_EQ(refusal->title, "Unable to Open Rollwick Probability File");
-    return refusal->text;
-  }
-};
-
-TEST(ProbabilityFile, EveryCellComesToItsPlaceWithinItsRange) {
-  MatrixTable matrix{};
-  std::int32_t next = 1;
-  for (auto& row : matrix[MatrixValues]) {
-    for (std::int32_t& cell : row) cell = 300 * next++;
-  }
-  const struct Row {
-    std::int32_t stateInFile, state, valueInFile, value;
-  } kRows[] = {
-      {-1, -1, -1, 0},         {0, 0, 0, 0},     {135, 135, 100'000, 100'000},
-      {128, 128, 500, 500},    {5, 5, 2, 2},     {8, 0, 100'001, 100'000},
-      {-2, 0, -500, 0},        {256, 0, 77, 77}, {-2'147'483'647, 0, 2'147'483'647, 100'000},
-      {64, 0, 65'536, 65'536},
-  };
-  MatrixTable expected = matrix;
-  for (std::size_t i = 0; i < std::size(kRows); ++i) {
-    matrix[MatrixStates][7][i] = kRows[i].stateInFile;
-    expected[MatrixStates][7][i] = kRows[i].state;
-    matrix[MatrixValues][0][i] = kRows[i].valueInFile;
-    expected[MatrixValues][0][i] = kRows[i].value;
-  }
-  PrbTable t;
-  ASSERT_EQ(t.Load(FileOf(matrix)), "");
-  EXPECT_EQ(t.g.ProbabilityMatrix, expected);
-  EXPECT_EQ(t.g.ProbabilityName, "mine.prb");
-  EXPECT_FALSE(t.g.UseProbabilityMatrix);
-}
-
-TEST(ProbabilityFile, WhatIsRefusedChangesNothing) {
-  const std::string good = FileOf(DefaultProbabilityMatrix());
-  const auto with = [&](std::size_t place, const std::string& text) {
-    return std::string(good).replace(place, text.size(), text);
-  };
-  MatrixTable noPair = DefaultProbabilityMatrix();
-  for (std::size_t row = 2; row <= 7; ++row) {
-    for (std::size_t column = row - 1; column <= 13 - row; ++column) {
-      noPair[MatrixValues][row][column] = row == 5 ? -7 : 0;
-    }
-  }
-  const struct Row {
-    const char* name;
-    std::string bytes;
-    bool taken;
-  } kRows[] = {
-      {"a good one", good, true},
-      {"all values and not a byte more", good.substr(0, 1152), true},
-      {"the signature with blanks in front, NULs behind",
-       " Rollwick Probability File, Data Format 4.6" + std::string(213, '\0') + good.substr(256), true},
-      {"a byte short", good.substr(0, 1151), false},
-      {"a header alone", good.substr(0, 256), false},
-      {"nothing", "", false},
-      {"another format", with(40, "5"), false},
-      {"more behind the signature", with(43, "x"), false},
-      {"no pair with any weight", FileOf(noPair), false},
-  };
-  for (const Row& row : kRows) {
-    SCOPED_TRACE(row.name);
-    PrbTable t;
-    t.g.ProbabilityMatrix[MatrixValues][2][1] = 4'711;
-    const MatrixTable before = t.g.ProbabilityMatrix;
-    EXPECT_EQ(t.Load(row.bytes),
-              row.taken ? ""
-                        : "mine.prb\ris either from an older version, has been corrupted, or is not a true "
-                          "Rollwick Probability File.");
-    EXPECT_EQ(t.g.ProbabilityMatrix == before, !row.taken);
-    EXPECT_EQ(t.g.ProbabilityName, row.taken ? "mine.prb" : "");
-  }
-  PrbTable t;
-  EXPECT_EQ(LoadProbabilityFile(t.g, t.folder / "missing.prb")->text, "No such file or directory, Error #2");
 }
 
 TEST(Matrix, TheDefaultIsTrueDiceRounded) {

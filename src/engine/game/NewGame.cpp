@@ -5,6 +5,7 @@
 
 #include "dice/DiceFile.h"
 #include "dice/Draw.h"
+#include "stats/logs/GamesLog.h"
 #include "stats/tally/Tally.h"
 
 namespace rollwick {
@@ -66,9 +67,21 @@ void LogNewGame(Game& g) {
   LogEvent(g, "      Beginning bankroll: $" + PlainText(g.BetAmount[SlotBankroll]));
 }
 
+// The finished game is not in its log. In Hyper-Drive no notice may open: the run stops, and tells at its
+// end.
+void TellGamesLogRefusal(Game& g, const Message& refusal) {
+  if (g.HyperDriveActive) {
+    g.KeepRolling = false;
+    g.StopMessage = refusal.text;
+  } else {
+    ShowMessage(g, refusal.text, refusal.title, refusal.flags);
+  }
+}
+
 }  // namespace
 
 void NewGame(Game& g, bool keepChipStacks) {
+  const std::optional<Message> refusal = AppendGameRecord(g);  // first: its counters begin anew below
   // A script's reset goes on rolling, so that one run can play thousands of games.
   if (!g.AutoBetRunning) g.KeepRolling = false;
   g.Point = g.PointBeforeRoll = g.PointBeforeLast = 0;
@@ -88,6 +101,7 @@ void NewGame(Game& g, bool keepChipStacks) {
     g.TheHost->TableChanged(g);
   }
   g.TableDirty = false;
+  if (refusal) TellGamesLogRefusal(g, *refusal);
 }
 
 }  // namespace rollwick

@@ -109,8 +109,8 @@ struct BetTables {
   std::int32_t DiceTotal = 7;
   std::int32_t ManualDie1 = 1;  // what the manual pad holds for a roll with ManualRollPending
   std::int32_t ManualDie2 = 1;
-  std::int32_t PrevDie1 = 0;
-  std::int32_t PrevDie2 = 0;
+  std::int32_t PrevDie1 = 3;
+  std::int32_t PrevDie2 = 4;
   std::int32_t Point = 0;            // 0 on the come-out
   std::int32_t PointBeforeRoll = 0;  // all resolution of a roll reads this one
   std::int32_t PointBeforeLast = 0;

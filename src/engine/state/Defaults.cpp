@@ -111,12 +111,13 @@ void ResetBetWorking(Game& g, BetId bet) {
 
 void SetStartUpDefaults(Game& g) {
   static_cast<GameTables&>(g) = GameTables();
-  g.BetAmount[SlotBankroll] = g.BetAtThrow[SlotBankroll] = g.BetAfterSettle[SlotBankroll] = kDefaultBankroll;
+  g.BetAmount[SlotBankroll] = kDefaultBankroll;
   g.InvestedBankroll = g.BankrollHigh = g.BankrollLow = g.GraphHigh = g.GraphLow = kDefaultBankroll;
   g.BankrollHistory[0] = Dollars(1);
   for (int chip = 0; chip < kChipCount; ++chip) {
     g.BetAmount[SlotChipDenom + chip] = Dollars(kDefaultDenominations[chip]);
   }
+  g.BetAtThrow = g.BetAfterSettle = g.BetAmount;
   RestoreDefaultPayoffs(g);
   g.BetWorking.fill(On);
   g.BetWorking[0] = Off;

@@ -53,6 +53,14 @@ enum DiceFileModes : std::int32_t { DiceFileOff, DiceFileRecording, DiceFilePlay
 using MatrixTable = std::array<std::array<std::array<std::int32_t, 14>, 8>, 2>;
 enum MatrixField : std::size_t { MatrixStates, MatrixValues };
 
+// ProbabilityDisplayMode: how the matrix is shown and takes entries.
+enum ProbabilityDisplayModes : std::int32_t {
+  DisplayPercent,
+  DisplayPercentFromTrue,  // more or less than true dice have
+  DisplayRolls,            // so many out of ProbabilityRollsOutOf
+  DisplayRollsFromTrue,
+};
+
 // True dice, each cell rounded for itself, so that the pairs sum to 100,008; all states 0.
 MatrixTable DefaultProbabilityMatrix();
 
@@ -68,6 +76,7 @@ struct DiceTables {
 
   bool UseProbabilityMatrix = false;
   MatrixTable ProbabilityMatrix = DefaultProbabilityMatrix();
+  bool ProbabilityDirty = false;       // the matrix was edited since it was last saved
   std::uint64_t PlainRandomState = 0;  // of the plain source, apart from the eight generators
 
   std::int32_t DiceFileMode = DiceFileOff;

@@ -12,13 +12,20 @@
 #include "engine/state/DiceTables.h"
 #include "engine/state/Host.h"
 #include "engine/state/OptionTables.h"
+#include "engine/state/ScreenTables.h"
 #include "engine/state/ScriptTables.h"
 #include "engine/state/StatisticsTables.h"
 
 namespace rollwick {
 
 // The flat part: copying it is undo, a snapshot, a test's "before".
-struct GameTables : BetTables, AutoPlayTables, DiceTables, StatisticsTables, OptionTables, ScriptTables {};
+struct GameTables : BetTables,
+                    AutoPlayTables,
+                    DiceTables,
+                    StatisticsTables,
+                    OptionTables,
+                    ScriptTables,
+                    ScreenTables {};
 static_assert(std::is_trivially_copyable_v<GameTables>);
 
 struct Game : GameTables {
@@ -31,9 +38,17 @@ struct Game : GameTables {
   std::string LastErrorText;
   std::array<std::string, kChipStackCount> ChipStackName;  // given by scripts; empty: the stack's own name
 
+  std::string GamePath;               // of the game file; empty for the working game
+  std::int32_t GameFileReserved = 0;  // a number of the game file that is kept as it is
+  std::vector<TableChip> TableChips;
+
+  std::string EventsLogPath;  // empty: the log of the data folder
+  std::string GamesLogPath;   // where finished games are added; empty: the Games Log is off
+
   std::string DiceFileName;  // path of the Dice Roll File; empty when none is open
   ByteFile DiceFile;
   std::string ProbabilityName;  // short name of the matrix's file; empty while it has none
+  std::string ProbabilityPath;
 
   std::vector<ScriptLine> ScriptLines;  // line n is entry n - 1
   std::vector<FlagEntry> ScriptFlags;   // names differ in more than case
@@ -44,6 +59,7 @@ struct Game : GameTables {
   bool ScriptIsDecoded = false;           // cleared by whoever changes lines or adds flags
   std::string OutputFileName;             // as the script named it
   OutputFile ScriptOutput;
+  bool OutputIsToReopen = false;  // at the next write, to go on behind what a loaded game wrote
 };
 
 // Writes PayoffTable and FieldPayoffTable as the house opens with, and the line odds of a point that is on.

@@ -72,6 +72,20 @@ TEST(Output, ByteForByte) {
   }
 }
 
+// A game was loaded whose script had been writing: it goes on behind what is there, once.
+TEST(Output, GoesOnInALoadedGame) {
+  ScriptTable t;
+  const auto path = t.files.folder / "out.txt";
+  std::ofstream(path) << "old";
+  t.g.OutputFileName = "out.txt";
+  t.g.OutputIsToReopen = true;
+  t.Run({Put("new;"), kClose});
+  EXPECT_EQ(ReadAll(path), "oldnew");
+  t.g.OutputIsToReopen = true;
+  t.Run({kClose, Put("more;")});
+  EXPECT_EQ(ReadAll(path), "oldnew") << "closed is closed";
+}
+
 // Seen by others when the run has ended, in Hyper-Drive when it is served.
 TEST(Output, ReachesTheDisk) {
   ScriptTable t;
