@@ -162,8 +162,10 @@ void GameWriter::WriteFurther() {
 
 void GameWriter::WriteNames() {
   for (int i = 0; i < kChipStackCount; ++i) {
-    RecordWriter writer = At(NameOffset(i));
-    writer.Text(g_.ChipStackName[static_cast<std::size_t>(i)], kNameWidth);
+    // A stack without a name of its own is loaded under its number, and saved as it was: without.
+    const std::string& name = g_.ChipStackName[static_cast<std::size_t>(i)];
+    const bool isOwn = name != ChipStackTitle(SlotChipStack + i);
+    At(NameOffset(i)).Text(isOwn ? name : "", kNameWidth);
   }
 }
 

@@ -173,11 +173,6 @@ void Transact(AutoBetRun& run, AtmDirection direction, Money amount) {
   if (run.error.empty()) AtmTransaction(run.g, direction, amount);
 }
 
-Money PercentOfValue(AutoBetRun& run, const ScriptStep& step) {
-  const Money value = ValueOf(run, Moment::Now, step.LeftCode, step.LeftIndex);
-  return MoneyFrom(run, value.ToDouble() * step.Amount.ToDouble() / 100);
-}
-
 void StartNewGame(AutoBetRun& run, bool keepChipStacks) {
   run.error = run.g.TheHost->SaveWorkingGame(run.g);
   if (run.error.empty()) NewGame(run.g, keepChipStacks);
@@ -275,11 +270,11 @@ void ExecuteAction(AutoBetRun& run, const ScriptStep& step) {
     case Verb::Withdraw:
       return Transact(run, AtmDirection::Withdraw, step.Amount);
     case Verb::WithdrawPercent:
-      return Transact(run, AtmDirection::Withdraw, PercentOfValue(run, step));
+      return Transact(run, AtmDirection::Withdraw, PercentOf(run, Moment::Now, step));
     case Verb::Deposit:
       return Transact(run, AtmDirection::Deposit, step.Amount);
     case Verb::DepositPercent:
-      return Transact(run, AtmDirection::Deposit, PercentOfValue(run, step));
+      return Transact(run, AtmDirection::Deposit, PercentOf(run, Moment::Now, step));
     case Verb::SelectRng:
       return SelectRng(g, step.Amount);
     case Verb::SelectRngByValue:

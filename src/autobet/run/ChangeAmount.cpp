@@ -24,10 +24,9 @@ enum Form {
 Money ValueOfLine(AutoBetRun& run, const ScriptStep& step) {
   const std::int32_t form = step.Op % 10;
   if (form == Typed) return step.Amount;
-  const Money value =
-      ValueOf(run, form % 2 == 1 ? Moment::Now : Moment::AtThrow, step.LeftCode, step.LeftIndex);
-  if (form > PercentOfLast || !run.error.empty()) return value;
-  return MoneyFrom(run, value.ToDouble() * step.Amount.ToDouble() / 100);
+  const Moment moment = form % 2 == 1 ? Moment::Now : Moment::AtThrow;
+  return form <= PercentOfLast ? PercentOf(run, moment, step)
+                               : ValueOf(run, moment, step.LeftCode, step.LeftIndex);
 }
 
 void Change(Game& g, BetId slot, Money by) {

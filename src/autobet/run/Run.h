@@ -63,6 +63,9 @@ BetId BetOnPoint(const Game& g, std::int32_t item);
 // 1401 `index` is the rolls of the average, for stacks their number.
 Money ValueOf(AutoBetRun& run, Moment moment, std::int32_t code, std::int32_t index);
 
+// As many percent of that value as the line's amount says.
+Money PercentOf(AutoBetRun& run, Moment moment, const ScriptStep& step);
+
 // Sums beyond the range of Money fail the run.
 class SafeSum {
  public:

@@ -126,4 +126,10 @@ Money ValueOf(AutoBetRun& run, Moment moment, std::int32_t code, std::int32_t in
   }
 }
 
+Money PercentOf(AutoBetRun& run, Moment moment, const ScriptStep& step) {
+  const Money value = ValueOf(run, moment, step.LeftCode, step.LeftIndex);
+  if (!run.error.empty()) return {};
+  return MoneyFrom(run, value.ToDouble() * step.Amount.ToDouble() / 100);
+}
+
 }  // namespace rollwick
