@@ -1,0 +1,31 @@
+// The exact price of a bet: what a dollar on it earns and how it swings, worked out without a roll. The
+// recorded results of the phantom dollars are next door in stats/tally.
+#pragma once
+
+#include <string>
+
+#include "engine/state/Game.h"
+
+namespace rollwick {
+
+// Of a dollar in the long run, each rounded to six decimals. 0 where no decision can come.
+struct BetFigures {
+  double EvPerRoll = 0;
+  double EvPerDecision = 0;
+  double RollsPerDecision = 0;  // of bets that any roll may decide: to two decimals
+  double StdDevPerRoll = 0;
+  double StdDevPerDecision = 0;
+};
+
+enum class DiceTaken {
+  AtTheTable,  // crooked while the probability matrix is in force
+  True,
+};
+
+// The figures of `bet` (1..83) under the payoffs, vigs, bar number, dice and CountZeroOutcomes in force.
+BetFigures EvaluateBet(const Game& g, BetId bet, DiceTaken dice = DiceTaken::AtTheTable);
+
+// "-.006098", "4.", "0.000000".
+std::string FigureText(double figure);
+
+}  // namespace rollwick
