@@ -35,6 +35,7 @@ bool AskForSeed(Game& g, std::int32_t limit) {
   Prompt prompt{PromptKind::Seed, text, "RNG Seed", PlainText(Dollars(g.LastSeed)),
                 limit == kCongruentialLimit ? 6 : 10};
   for (;;) {
+    FlushEventsLog(g);
     g.SeedPromptOpen = true;
     const std::optional<std::string> entry = g.TheHost->Ask(g, prompt);
     g.SeedPromptOpen = false;

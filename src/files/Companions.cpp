@@ -4,12 +4,12 @@
 
 #include <algorithm>
 #include <ctime>
-#include <limits>
 #include <system_error>
 
 #include "base/CodePage.h"
 #include "base/Nearest.h"
 #include "files/GameFields.h"
+#include "stats/logs/EventsLogIndex.h"
 
 namespace rollwick {
 
@@ -74,18 +74,7 @@ std::string ShownPath(std::string_view stored) {
 }
 
 bool IsEventsLog(const std::filesystem::path& path) {
-  constexpr std::size_t kMost = std::numeric_limits<std::int32_t>::max();
-  std::string text, index;
-  if (!ReadWhole(path, kMost, text).empty()) return false;
-  if (!ReadWhole(std::filesystem::path(path).replace_extension(".ref"), kMost, index).empty()) return false;
-  const auto lines = static_cast<std::size_t>(std::ranges::count(text, '\n'));
-  if (index.size() != lines * 4 || (!text.empty() && !text.ends_with('\n'))) return false;
-  if (lines == 0) return true;
-  RecordReader reader(index);
-  const std::int32_t first = reader.Int32();
-  reader.Seek(index.size() - 4);
-  const std::int32_t last = reader.Int32();
-  return first == 1 && last >= 1 && static_cast<std::size_t>(last) <= text.size();
+  return IsIndexedEventsLog(path);
 }
 
 bool IsSamePath(const std::filesystem::path& a, const std::filesystem::path& b) {

@@ -33,6 +33,7 @@ void ClearTable(Game& g, bool keepChipStacks) {
 
 Money AskForBankroll(Game& g) {
   g.KeepRolling = false;
+  FlushEventsLog(g);
   const auto entered =
       g.TheHost->Ask(g, {PromptKind::Money, "Enter your beginning bankroll: ", "Set Beginning Bankroll",
                          PlainText(g.Rules.BankrollInitAmount), 15});

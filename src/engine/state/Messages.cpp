@@ -45,7 +45,13 @@ void ShowNotice(Game& g, std::int32_t notifyBit, std::string_view text, std::str
 
 void LogEvent(Game& g, std::string_view text) {
   if (g.TheLog == nullptr) return;
+  const std::size_t start = g.PendingLogLines.size();
   g.PendingLogLines += text;
+  // The name of a file may hold anything; a line of the log stays one line.
+  for (std::size_t at = start; at < g.PendingLogLines.size(); ++at) {
+    char& c = g.PendingLogLines[at];
+    if (static_cast<unsigned char>(c) < ' ' || c == '\x7F') c = '?';
+  }
   g.PendingLogLines += '\n';
 }
 

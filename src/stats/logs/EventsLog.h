@@ -38,7 +38,6 @@ class EventsLog : public EventsLogSink {
   std::string Mend();
   void Close();
   bool IsOpenAsLeft() const;
-  std::filesystem::path IndexPath() const;
 
   std::filesystem::path path_;
   int text_ = -1;  // file descriptors, open between lines

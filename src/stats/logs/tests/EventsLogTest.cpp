@@ -8,6 +8,7 @@
 #include <iterator>
 #include <memory>
 
+#include "support/ScriptedHost.h"
 #include "support/TemporaryFolder.h"
 
 namespace rollwick {
@@ -69,6 +70,16 @@ TEST(EventsLog, OneRecordALineEmptyLinesToo) {
   EXPECT_FALSE(disk.log.IsEmpty());
 }
 
+TEST(EventsLog, ANameWithControlsStaysInItsLine) {
+  LogOnDisk disk;
+  TestTable table;
+  table.g.TheLog = &disk.log;
+  LogEvent(table.g, "from a\nb\x1B\x7F\xC3\xA9.rol");
+  FlushEventsLog(table.g);
+  EXPECT_EQ(disk.Text(), "from a?b??\xC3\xA9.rol\n");
+  EXPECT_EQ(disk.Offsets(), std::vector<unsigned>{1});
+}
+
 TEST(EventsLog, OffsetsBeyondOneByteAreLittleEndian) {
   LogOnDisk disk;
   const std::string line = std::string(69'999, '-') + '\n';
@@ -107,6 +118,25 @@ TEST(EventsLog, MendsWhatItFinds) {
     EXPECT_EQ(disk.log.Append(disk.g, "new\n"), "");
     EXPECT_EQ(disk.Text(), row.after);
     EXPECT_EQ(disk.Offsets(), disk.OffsetsOfText());
+  }
+}
+
+// Killed at any point: both files end anywhere. No line that was whole is lost, and the index fits.
+TEST(EventsLog, BothFilesCutAnywhere) {
+  const std::string text = "a\n\nccc\nd\n";
+  const std::string index("\1\0\0\0\3\0\0\0\4\0\0\0\10\0\0\0", 16);
+  for (std::size_t textLength = 0; textLength <= text.size(); ++textLength) {
+    for (std::size_t indexLength = 0; indexLength <= index.size(); indexLength += 3) {
+      SCOPED_TRACE(testing::Message() << textLength << " of the text, " << indexLength << " of the index");
+      LogOnDisk disk;
+      const std::string left = text.substr(0, textLength);
+      LogOnDisk::Write(disk.textPath, left);
+      LogOnDisk::Write(disk.indexPath, index.substr(0, indexLength));
+      ASSERT_EQ(disk.log.Append(disk.g, "new\n"), "");
+      const bool isEnded = left.empty() || left.ends_with('\n');
+      EXPECT_EQ(disk.Text(), left + (isEnded ? "" : "\n") + "new\n");
+      EXPECT_EQ(disk.Offsets(), disk.OffsetsOfText());
+    }
   }
 }
 
@@ -206,6 +236,34 @@ TEST(EventsLog, ATextAsLongAsAnOffsetCanSayIsFull) {
   LogOnDisk::Write(disk.textPath, "");
   fs::resize_file(disk.textPath, 2'147'483'647);  // a hole: no disk is filled
   EXPECT_EQ(disk.log.Append(disk.g, "x\n"), "File too large, Error #27");
+}
+
+// The last line that fits still comes; then recording ends with one notice. The text is a hole but for its
+// last line, so that it must open without being read.
+TEST(EventsLog, AFullLogTurnsItselfOffWithOneNotice) {
+  constexpr unsigned kLast = 2'147'483'630;
+  LogOnDisk disk;
+  LogOnDisk::Write(disk.textPath, "");
+  fs::resize_file(disk.textPath, kLast - 2);
+  std::ofstream(disk.textPath, std::ios::app) << "\nlast\n";
+  const auto byte = [](unsigned shift) { return static_cast<char>(kLast >> shift & 0xFF); };
+  LogOnDisk::Write(disk.indexPath, std::string("\1\0\0\0", 4) + byte(0) + byte(8) + byte(16) + byte(24));
+  TestTable table;
+  table.g.TheLog = &disk.log;
+  table.g.RecordEventsActive = true;
+  LogEvent(table.g, "twelve bytes");
+  FlushEventsLog(table.g);
+  EXPECT_EQ(table.TakeMessage(), "");
+  EXPECT_EQ(fs::file_size(disk.textPath), 2'147'483'647U);
+  EXPECT_EQ(disk.Offsets(), (std::vector<unsigned>{1, kLast, kLast + 5}));
+  for (int round = 0; round < 3 && table.g.RecordEventsActive; ++round) {
+    LogEvent(table.g, "");
+    FlushEventsLog(table.g);
+    EXPECT_EQ(table.TakeMessage(),
+              "The Events Log could not be written and has been turned off.\r\rFile too large, Error #27");
+  }
+  EXPECT_FALSE(table.g.RecordEventsActive);
+  EXPECT_EQ(fs::file_size(disk.textPath), 2'147'483'647U);
 }
 
 TEST(EventsLog, ALogThatCannotBeDeletedSaysSoAtTheNextLine) {
