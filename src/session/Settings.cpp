@@ -15,12 +15,20 @@
 namespace rollwick {
 namespace {
 
+constexpr int kBetMaskCount = 3;
+constexpr int kVisibleStackCount = 4;
+constexpr int kDicePairCount = 36;
+static_assert(kTableColorCount == kFormulaCount);  // arrays of one type in Place
+
 // Where a setting lives: a field of the rules, or a field or array of the tables.
 using Place = std::variant<
     bool TableRules::*, std::int32_t TableRules::*, Money TableRules::*, bool GameTables::*,
     std::int32_t GameTables::*, Money GameTables::*, std::array<std::int32_t, kFormulaCount> GameTables::*,
     std::array<Money, kFormulaCount> GameTables::*, std::array<bool, kAutoStopCount> GameTables::*,
-    std::array<std::int32_t, kBetCount + 1> GameTables::*, std::array<Money, kSlotCount> GameTables::*>;
+    std::array<std::int32_t, kBetCount + 1> GameTables::*, std::array<Money, kSlotCount> GameTables::*,
+    double GameTables::*, float GameTables::*, std::array<std::int32_t, kBetMaskCount> GameTables::*,
+    std::array<std::int32_t, kVisibleStackCount> GameTables::*,
+    std::array<bool, kDicePairCount + 1> GameTables::*>;
 
 struct Range {
   Money low;
@@ -58,17 +66,35 @@ auto& Entry(Field& field, int index) {
   }
 }
 
+// A fraction is told and taken with the four decimals that files keep; a single holds whole numbers.
+SettingValue AsValue(double value) {
+  return Money::FromDouble(value);
+}
+SettingValue AsValue(float value) {
+  return static_cast<std::int32_t>(value);
+}
+template <class Value>
+SettingValue AsValue(Value value) {
+  return value;
+}
+
+void Assign(double& entry, SettingValue value) {
+  entry = std::get<Money>(value).ToDouble();
+}
+void Assign(float& entry, SettingValue value) {
+  entry = static_cast<float>(std::get<std::int32_t>(value));
+}
+template <class Value>
+void Assign(Value& entry, SettingValue value) {
+  entry = std::get<Value>(value);
+}
+
 SettingValue Read(const Game& g, const Setting& setting, int index) {
-  return std::visit([&](auto place) { return SettingValue(Entry(At(g, place), index)); }, setting.place);
+  return std::visit([&](auto place) { return AsValue(Entry(At(g, place), index)); }, setting.place);
 }
 
 void Store(Game& g, const Setting& setting, int index, SettingValue value) {
-  std::visit(
-      [&](auto place) {
-        auto& entry = Entry(At(g, place), index);
-        entry = std::get<std::remove_cvref_t<decltype(entry)>>(value);
-      },
-      setting.place);
+  std::visit([&](auto place) { Assign(Entry(At(g, place), index), value); }, setting.place);
 }
 
 std::string Limits(const Setting& setting) {
@@ -218,6 +244,27 @@ void ChangeDenomination(Game& g, const Setting& setting, int index, SettingValue
               "Denominations");
 }
 
+// The last of three masks has the bets 63 to 83 alone.
+void ChangeBetMask(Game& g, const Setting& setting, int index, SettingValue value) {
+  constexpr std::int32_t kMostOfLast = (1 << 21) - 1;
+  if (index == kBetMaskCount - 1 && std::get<std::int32_t>(value) > kMostOfLast) {
+    ShowMessage(g,
+                "The value of " + std::string(setting.name) + "[2] must be from 0 to " +
+                    FormatMoney(Dollars(kMostOfLast)) + ".",
+                setting.name);
+    return;
+  }
+  Store(g, setting, index, value);
+}
+
+void ChangeVisibleStack(Game& g, const Setting& setting, int index, SettingValue value) {
+  const SettingValue before = Read(g, setting, index);
+  Store(g, setting, index, value);
+  if (std::ranges::count(g.VisibleChipStack, std::get<std::int32_t>(value)) == 1) return;
+  Store(g, setting, index, before);
+  ShowMessage(g, "Each Chip-Stack entry should be a different number.", "Set Visible Chip-Stacks");
+}
+
 constexpr Range kAmount{Money(), kBankLimit};
 constexpr Range kBankroll{-kBankLimit, kBankLimit};
 constexpr Range kFormulaAmount{Money(), Money::FromUnits(99'999'999'999)};
@@ -225,13 +272,21 @@ constexpr Range kRate{Money(), Dollars(1)};
 constexpr Range kAboveZero{Money::FromUnits(1), kBankLimit};
 constexpr Range kChipValue{Money::FromUnits(100), Dollars(1'000'000)};
 constexpr Range kNoRange{};
-constexpr Range kCount{Money(), Dollars(INT32_MAX)};  // the change itself holds it to its own maximum
+constexpr Range kCount{Money(), Dollars(INT32_MAX)};
+constexpr Range kAnyCount{Dollars(INT32_MIN), Dollars(INT32_MAX)};
+constexpr Range kAnyAmount{Money::FromUnits(INT64_MIN), Money::FromUnits(INT64_MAX)};
+constexpr Range kColor{Money(), Dollars(0xFFFFFF)};
+constexpr Range kFontSize{Dollars(1), Dollars(99)};
+constexpr Range kSoundIndex{Dollars(-1), Dollars(999)};  // -1 none
+constexpr Range kVolume{Dollars(-1), Dollars(100)};
+constexpr Range kAnyAboveZero{Money::FromUnits(1), Money::FromUnits(INT64_MAX)};
 
 constexpr Range UpTo(int highest) {
   return {Money(), Dollars(highest)};
 }
 
-// In the order of the screens: the house, then Auto-Play, chips, statistics, dice, log.
+// In the order of the screens: the house, then Auto-Play, chips, statistics and dice, what the screens show,
+// log.
 const Setting kSettings[] = {
     {"MinPlacardBet", &TableRules::MinPlacardBet, kAmount, Plain},
     {"MaxPlacardBet", &TableRules::MaxPlacardBet, kAmount, Plain},
@@ -282,6 +337,79 @@ const Setting kSettings[] = {
     {"UserSeedMode", &GameTables::UserSeedMode, kNoRange, Plain},
     {"ReseedNewGames", &GameTables::ReseedNewGames, kNoRange, Plain},
 
+    {"UseProbabilityMatrix", &GameTables::UseProbabilityMatrix, kNoRange, Plain},
+    {"ProbabilityDisplayMode", &GameTables::ProbabilityDisplayMode, UpTo(DisplayRollsFromTrue), Plain},
+    {"ProbabilityRollsOutOf", &GameTables::ProbabilityRollsOutOf, kAnyAboveZero, Plain},
+    {"CompBetMask", &GameTables::CompBetMask, kCount, ChangeBetMask, 0, kBetMaskCount},
+    {"CompBase", &GameTables::CompBase, UpTo(2), Plain},
+    {"CompRate", &GameTables::CompRate, UpTo(100), Plain},
+    {"CompsUseTrueProbs", &GameTables::CompsUseTrueProbs, kNoRange, Plain},
+    {"CountZeroOutcomes", &GameTables::CountZeroOutcomes, kNoRange, Plain},
+    {"ShowMiscData", &GameTables::ShowMiscData, kNoRange, Plain},
+    {"RollsPerTimeForm", &GameTables::RollsPerTimeForm, UpTo(5), Plain},
+
+    {"SelectedChip", &GameTables::SelectedChip, UpTo(kChipCount - 1), Plain},
+    {"ChipStyle", &GameTables::ChipStyle, UpTo(99), Plain},
+    {"DiceStyle", &GameTables::DiceStyle, UpTo(99), Plain},
+    {"DiceAction", &GameTables::DiceAction, UpTo(3), Plain},
+    {"UseCentsSymbol", &GameTables::UseCentsSymbol, kNoRange, Plain},
+    {"KeyInBetAmounts", &GameTables::KeyInBetAmounts, kNoRange, Plain},
+    {"DisplayBetAmounts", &GameTables::DisplayBetAmounts, kNoRange, Plain},
+    {"DisplayHopBets", &GameTables::DisplayHopBets, kNoRange, Plain},
+    {"QuickStats", &GameTables::QuickStats, kNoRange, Plain},
+    {"SnapMouse", &GameTables::SnapMouse, kNoRange, Plain},
+    {"StacksShowZero", &GameTables::StacksShowZero, kNoRange, Plain},
+    {"VisibleChipStack", &GameTables::VisibleChipStack, UpTo(kChipStackCount - 1), ChangeVisibleStack, 0,
+     kVisibleStackCount},
+    {"TableColors", &GameTables::TableColors, kColor, Plain, 0, kTableColorCount},
+    {"TableTexture", &GameTables::TableTexture, UpTo(8), Plain},
+    {"StickPerson", &GameTables::StickPerson, kSoundIndex, Plain},
+    {"DiceSound", &GameTables::DiceSound, kSoundIndex, Plain},
+    {"ChipSound", &GameTables::ChipSound, kSoundIndex, Plain},
+    {"WinSound", &GameTables::WinSound, kSoundIndex, Plain},
+    {"Volume", &GameTables::Volume, kVolume, Plain},
+    {"DisableAutoBetSounds", &GameTables::DisableAutoBetSounds, kNoRange, Plain},
+    {"DisableAllSound", &GameTables::DisableAllSound, kNoRange, Plain},
+    {"PrintFontBody", &GameTables::PrintFontBody, kFontSize, Plain},
+    {"PrintFontHeads", &GameTables::PrintFontHeads, kFontSize, Plain},
+    {"PrintFontTitle", &GameTables::PrintFontTitle, kFontSize, Plain},
+    {"ColorPrinter", &GameTables::ColorPrinter, kNoRange, Plain},
+
+    {"ShowLineNumbers", &GameTables::ShowLineNumbers, kNoRange, Plain},
+    {"TotalsDisplay", &GameTables::TotalsDisplay, UpTo(3), Plain},
+    {"TotalsBackColour", &GameTables::TotalsBackColour, UpTo(3), Plain},
+    {"TotalsGraphColour", &GameTables::TotalsGraphColour, UpTo(99), Plain},
+    {"TotalsShowProb", &GameTables::TotalsShowProb, UpTo(1), Plain},
+    {"FreqItem", &GameTables::FreqItem, UpTo(87), Plain},
+    {"FreqSkewed", &GameTables::FreqSkewed, kNoRange, Plain},
+    {"AutoPrintGraph", &GameTables::AutoPrintGraph, kNoRange, Plain},
+    {"GraphRefLines", &GameTables::GraphRefLines, kNoRange, Plain},
+    {"GraphGridLines", &GameTables::GraphGridLines, kNoRange, Plain},
+    {"GraphColor", &GameTables::GraphColor, UpTo(7), Plain},
+    {"GraphStyle", &GameTables::GraphStyle, UpTo(2), Plain},
+    {"MovingAverageOn", &GameTables::MovingAverageOn, kNoRange, Plain},
+    {"MovingAveragePeriod", &GameTables::MovingAveragePeriod, UpTo(kGraphPage), Plain},
+    {"ResultsDataType", &GameTables::ResultsDataType, UpTo(2), Plain},
+    {"ResultsBetMask", &GameTables::ResultsBetMask, kCount, ChangeBetMask, 0, kBetMaskCount},
+    {"GamesView", &GameTables::GamesView, UpTo(31), Plain},
+    {"GamesDisplay", &GameTables::GamesDisplay, UpTo(1), Plain},
+    {"GamesBarWidth", &GameTables::GamesBarWidth, UpTo(3), Plain},
+    {"GamesInclude", &GameTables::GamesInclude, UpTo(7), Plain},
+    {"GamesValueCount", &GameTables::GamesValueCount, kAnyAmount, Plain},
+    {"GamesSDCount", &GameTables::GamesSDCount, kAnyAmount, Plain},
+    {"BreakLow", &GameTables::BreakLow, kAnyAmount, Plain},
+    {"BreakHigh", &GameTables::BreakHigh, kAnyAmount, Plain},
+
+    {"DiceInsertRolls", &GameTables::DiceInsertRolls, kNoRange, Plain},
+    {"DiceOutDieNums", &GameTables::DiceOutDieNums, kNoRange, Plain},
+    {"DiceOutRollNums", &GameTables::DiceOutRollNums, kNoRange, Plain},
+    {"DiceOutNumbersCalled", &GameTables::DiceOutNumbersCalled, kNoRange, Plain},
+    {"DiceOutSelected", &GameTables::DiceOutSelected, kNoRange, Plain},
+    {"DiceOutFontSize", &GameTables::DiceOutFontSize, kFontSize, Plain},
+    {"DiceRollHighlight", &GameTables::DiceRollHighlight, kNoRange, Plain, 1, kDicePairCount},
+    {"PadStayOnTop", &GameTables::PadStayOnTop, kAnyCount, Plain},
+    {"PadRollAtOnce", &GameTables::PadRollAtOnce, kAnyCount, Plain},
+
     {"RecordEventsActive", &GameTables::RecordEventsActive, kNoRange, Plain},
     {"RecordRolls", &GameTables::RecordRolls, kNoRange, Plain},
     {"RecordBetChanges", &GameTables::RecordBetChanges, kNoRange, Plain},
@@ -293,6 +421,9 @@ const Setting kSettings[] = {
     {"RecordBankrollChanges", &GameTables::RecordBankrollChanges, kNoRange, Plain},
     {"LogClearOnNewGame", &GameTables::LogClearOnNewGame, kNoRange, Plain},
     {"LogLatestRollOnTop", &GameTables::LogLatestRollOnTop, kNoRange, Plain},
+    {"LogFontSize", &GameTables::LogFontSize, UpTo(2), Plain},
+    {"LogFontBold", &GameTables::LogFontBold, kNoRange, Plain},
+    {"LogFontItalic", &GameTables::LogFontItalic, kNoRange, Plain},
 };
 
 const Setting* FindSetting(std::string_view name) {
@@ -347,7 +478,7 @@ Reading ReadNumber(Game& g, const Setting& setting, std::string_view text, Setti
   const std::optional<Money> number = ParseMoney(text);
   if (!number || (isWhole && !number->IsWhole())) return Reading::NoNumber;
   // A count that is far too high is held to its maximum, whatever the number of digits.
-  const bool isHeld = setting.range.high == kCount.high && setting.change != ChangeBarNumber;
+  const bool isHeld = setting.change == ChangeAutoRolls || setting.change == ChangeDelay;
   const Money held = isHeld ? std::min(*number, setting.range.high) : *number;
   if (held < setting.range.low || held > setting.range.high) {
     ShowMessage(g, Limits(setting), setting.name);
