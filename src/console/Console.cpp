@@ -7,10 +7,12 @@
 #include <ostream>
 
 #include "base/Nearest.h"
+#include "console/Advantage.h"
 #include "console/DiceDraw.h"
 #include "console/DiceFileText.h"
 #include "console/GameShow.h"
 #include "console/GamesShow.h"
+#include "console/LogShow.h"
 #include "console/Play.h"
 #include "console/PlayCommands.h"
 #include "console/Run.h"
@@ -41,8 +43,10 @@ struct CommandLine {
   std::string output;  // written
   std::string first, count;
   bool isPlain = false;
+  bool countsZeroOutcomes = false;
   RunOptions run;
   GamesShowOptions games;
+  LogShowOptions log;
 };
 
 void AddCommonOptions(CLI::App& app, CommandLine& line) {
@@ -60,12 +64,13 @@ void AddCommonOptions(CLI::App& app, CommandLine& line) {
   app.add_option("--dice", line.common.diceFile, "Plays the rolls of a Dice Roll File (play and run)")
       ->type_name("FILE.rol");
   app.add_option("--matrix", line.common.matrixFile,
-                 "The dice fall by this probability file (play, run and dice draw)")
+                 "The dice fall by this probability file (play, run, advantage and dice draw)")
       ->type_name("FILE.prb");
   app.add_option("--game", line.common.gameFile,
-                 "Starts from a saved game; default is the one the table keeps (play and run)")
+                 "Starts from a saved game; default is the one the table keeps (play, run and advantage)")
       ->type_name("FILE.crp");
-  app.add_option("--rules", line.common.rulesFile, "Plays by the rules of a saved game (play and run)")
+  app.add_option("--rules", line.common.rulesFile,
+                 "Plays by the rules of a saved game (play, run and advantage)")
       ->type_name("FILE.crp");
   app.add_flag("--json", line.common.json, "Results as JSON, one object a line");
   app.add_flag("--quiet", line.common.quiet, "Shows no progress of long runs");
@@ -125,6 +130,18 @@ CLI::App* AddGamesShow(CLI::App& games, CommandLine& line) {
   return command;
 }
 
+CLI::App* AddLogShow(CLI::App& log, CommandLine& line) {
+  CLI::App* const command = log.add_subcommand("show", "Lines of an Events Log with their numbers");
+  command->fallthrough();
+  command->add_option("FILE", line.log.file, "The Events Log")->required()->type_name("");
+  command
+      ->add_option("--find", line.log.find, "Only lines with this text in them, in any case of its letters")
+      ->type_name("TEXT");
+  command->add_option("--from", line.log.from, "The first line to show (usual: 1)")->type_name("LINE");
+  command->add_option("--count", line.log.count, "How many (usual: all)")->type_name("N");
+  return command;
+}
+
 std::string FirstLine(std::string text) {
   text = text.substr(0, text.find('\n'));
   return CleanUtf8(text);
@@ -139,11 +156,12 @@ std::string Listed(const std::vector<std::string>& words) {
 // The words of a line CLI11 could not use; the nearest command for an unknown one.
 std::string WhatIsWrong(const CLI::ParseError& error, const std::vector<std::string>& words) {
   const std::map<std::string, std::vector<std::string>> commands = {
-      {"", {"play", "run", "dice", "script", "game", "games"}},
+      {"", {"play", "run", "advantage", "dice", "script", "game", "games", "log"}},
       {"dice", {"draw", "show", "make"}},
       {"script", {"show", "build", "check", "statements"}},
       {"game", {"show", "fields"}},
-      {"games", {"show"}}};
+      {"games", {"show"}},
+      {"log", {"show"}}};
   std::string group;
   for (const std::string& word : words) {
     const auto known = commands.find(group);
@@ -204,6 +222,10 @@ int RunConsole(const std::vector<std::string>& words, const Terminal& terminal) 
   CLI::App* const run = AddRun(app, line);
   run->footer(common);
 
+  CLI::App* const advantage = app.add_subcommand("advantage", "The exact price of every bet");
+  advantage->fallthrough();
+  advantage->add_flag("--count-zero-outcomes", line.countsZeroOutcomes, "A push is a decision as well");
+
   CLI::App* const script = app.add_subcommand("script", "Auto-Bet scripts as texts and files");
   script->fallthrough()->require_subcommand(1);
   CLI::App* const show =
@@ -228,6 +250,10 @@ int RunConsole(const std::vector<std::string>& words, const Terminal& terminal) 
   games->fallthrough()->require_subcommand(1);
   CLI::App* const gamesShow = AddGamesShow(*games, line);
 
+  CLI::App* const log = app.add_subcommand("log", "Events Logs");
+  log->fallthrough()->require_subcommand(1);
+  CLI::App* const logShow = AddLogShow(*log, line);
+
   try {
     app.parse(std::vector<std::string>(words.rbegin(), words.rend()));
   } catch (const CLI::Success& success) {
@@ -244,10 +270,11 @@ int RunConsole(const std::vector<std::string>& words, const Terminal& terminal) 
   if (play->parsed()) return RunPlay(line.common, line.playFile, terminal);
   if (run->parsed()) return RunBettingSystem(line.common, line.run, terminal);
   if (!line.common.diceFile.empty()) return Usage(terminal, "--dice is for play and run.");
+  if (advantage->parsed()) return RunAdvantage(line.common, line.countsZeroOutcomes, terminal);
   if (!line.common.matrixFile.empty() && !draw->parsed())
-    return Usage(terminal, "--matrix is for play, run and dice draw.");
+    return Usage(terminal, "--matrix is for play, run, advantage and dice draw.");
   if (!line.common.gameFile.empty() || !line.common.rulesFile.empty())
-    return Usage(terminal, "--game and --rules are for play and run.");
+    return Usage(terminal, "--game and --rules are for play, run and advantage.");
   if (draw->parsed()) return RunDiceDraw(line.common, line.rolls, line.output, terminal);
   if (diceShow->parsed()) return RunDiceShow(line.file, line.first, line.count, line.common.json, terminal);
   if (diceMake->parsed()) return RunDiceMake(line.file, line.output, terminal);
@@ -258,6 +285,8 @@ int RunConsole(const std::vector<std::string>& words, const Terminal& terminal) 
   if (gameShow->parsed()) return RunGameShow(line.file, line.common.json, terminal);
   if (gameFields->parsed()) return RunGameFields(terminal);
   if (gamesShow->parsed()) return RunGamesShow(line.games, line.common.json, terminal);
+  line.log.finds = logShow->count("--find") > 0;
+  if (logShow->parsed()) return RunLogShow(line.log, line.common.json, terminal);
   terminal.out << app.help();
   return ExitUsage;
 }

@@ -10,6 +10,7 @@
 #include "base/Nearest.h"
 #include "console/Words.h"
 #include "engine/cycle/RollDice.h"
+#include "session/StartAndEnd.h"
 
 namespace rollwick {
 namespace {
@@ -158,6 +159,10 @@ FileGrant ConsoleHost::GrantFile(Game&, std::string_view name, FileUse use) {
     fs::create_directories(folder, unknown);
   }
   return {named, {}};
+}
+
+std::string ConsoleHost::SaveWorkingGame(Game& g) {
+  return workingGameFolder.empty() ? "" : rollwick::SaveWorkingGame(g, workingGameFolder);
 }
 
 void ConsoleHost::StartRun(Game& g, std::int32_t rolls) {

@@ -38,6 +38,7 @@ class ConsoleHost : public Host {
 
   std::filesystem::path scriptFolder;  // where scripts read and write, made when they first write
   bool scriptsMayLeaveIt = false;
+  std::filesystem::path workingGameFolder;  // where a script that resets the table saves it; empty: nowhere
 
   void ForgetWhatWasSaid();
   bool WasInterrupted() const { return interrupted_.load(std::memory_order_relaxed); }
@@ -56,6 +57,7 @@ class ConsoleHost : public Host {
   std::optional<std::string> Ask(Game& g, const Prompt& prompt) override;
   SettleAnswer Settle(Game& g, const SettleQuestion& question) override;
   FileGrant GrantFile(Game& g, std::string_view name, FileUse use) override;
+  std::string SaveWorkingGame(Game& g) override;
 
  private:
   using Clock = std::chrono::steady_clock;

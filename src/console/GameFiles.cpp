@@ -44,6 +44,7 @@ std::string StartFromFiles(Table& table, const CommonOptions& options) {
     const std::filesystem::path file =
         isWorkingGame ? table.DataFolder() / kWorkingGame : std::filesystem::path(options.gameFile);
     if (std::string wrong = LoadFrom(table, file); !wrong.empty()) return wrong;
+    if (isWorkingGame) table.host.workingGameFolder = table.DataFolder();
     if (options.rngIsGiven) g.RngChoice = options.rng - 1;
     FallBackFromMissingGenerator(g);
     if (!options.seed.empty()) {

@@ -1,24 +1,19 @@
 #include "console/GamesShow.h"
 
 #include <algorithm>
-#include <charconv>
 #include <ostream>
 
 #include "base/FormatNumber.h"
 #include "base/Nearest.h"
+#include "console/Columns.h"
 #include "console/Report.h"
 #include "console/Words.h"
-#include "stats/logs/GamesAnalysis.h"
+#include "figures/Games.h"
 
 namespace rollwick {
 namespace {
 
-constexpr const char* kMoneyFormat = "#,##0.0###;-#,##0.0###;0";
-constexpr const char* kDerivedFormat = "#,##0.0#;-#,##0.0#;0";
-constexpr const char* kMomentFormat = "0.########;-0.########,0";
-constexpr const char* kShareFormat = "#,##0.0# %;-#,##0.0# %;0 %";
 constexpr std::array<const char*, kGameClassCount> kClassWords = {"won", "even", "lost"};
-constexpr std::array<const char*, kGameClassCount> kClassCaptions = {"Won", "Broke-even", "Lost"};
 
 int Wrong(const Terminal& terminal, const std::string& wrong, int exitCode) {
   terminal.error << "rollwick: " << CleanUtf8(OneLine(wrong)) << "\n";
@@ -78,17 +73,6 @@ Question ReadQuestion(const GamesShowOptions& options) {
   return question;
 }
 
-std::string Percentage(int count, int total) {
-  return FormatNumber(total == 0 ? 0.0 : 100.0 * count / total, "0.0#;-0.0#;0");
-}
-
-std::string PlainNumber(double value) {
-  std::array<char, 400> digits;
-  const auto end =
-      std::to_chars(digits.data(), digits.data() + digits.size(), value, std::chars_format::fixed).ptr;
-  return {digits.data(), end};
-}
-
 Json FiguresJson(const Question& question, const GamesFigures& figures, std::size_t games) {
   Json json;
   json["view"] = question.field;
@@ -98,7 +82,7 @@ Json FiguresJson(const Question& question, const GamesFigures& figures, std::siz
   for (std::size_t i = 0; i < kClassWords.size(); ++i) json[kClassWords[i]] = figures.count[i];
   json["total"] = figures.Total();
   json["sum"] = PlainText(figures.sum);
-  json["mean"] = PlainNumber(figures.mean);
+  json["mean"] = PlainText(figures.mean);
   json["median"] = PlainText(figures.median);
   json["median_is_between"] = figures.isMedianBetween;
   json["mode"] = PlainText(figures.mode);
@@ -106,10 +90,10 @@ Json FiguresJson(const Question& question, const GamesFigures& figures, std::siz
   json["mid"] = PlainText(figures.mid);
   json["low"] = PlainText(figures.low);
   json["range"] = PlainText(figures.range);
-  json["variance"] = PlainNumber(figures.variance);
-  json["standard_deviation"] = PlainNumber(figures.deviation);
-  json["skew"] = PlainNumber(figures.skew);
-  json["kurtosis"] = PlainNumber(figures.kurtosis);
+  json["variance"] = PlainText(figures.variance);
+  json["standard_deviation"] = PlainText(figures.deviation);
+  json["skew"] = PlainText(figures.skew);
+  json["kurtosis"] = PlainText(figures.kurtosis);
   json["histogram"] = Json::array();
   for (const GamesBand& band : GamesHistogram(figures, question.field, BarWidth::Fine)) {
     json["histogram"].push_back(
@@ -118,25 +102,17 @@ Json FiguresJson(const Question& question, const GamesFigures& figures, std::siz
   return json;
 }
 
-std::string Left(std::string text, std::size_t width) {
-  if (text.size() < width) text.append(width - text.size(), ' ');
-  return text;
-}
-std::string Right(const std::string& text, std::size_t width) {
-  return std::string(text.size() < width ? width - text.size() : 1, ' ') + text;
-}
 std::string Line(const std::string& caption, const std::string& value) {
-  return Left(caption, 20) + Right(value, 18);
+  return PadRight(caption, 20) + PadLeft(value, 18);
 }
 
 std::string ClassesForPeople(const GamesFigures& figures) {
-  const int total = figures.Total();
   std::string text;
-  for (std::size_t i = 0; i < kClassCaptions.size(); ++i) {
-    text += Line(kClassCaptions[i], FormatMoney(Dollars(figures.count[i]))) +
-            Right(Percentage(figures.count[i], total) + "%", 10) + "\n";
+  for (const GamesClassRow& row : GamesClassRows(figures)) {
+    const std::string percent = row.share.text + (row.share.text.ends_with('%') ? "" : "%");
+    text += Line(row.games.label, row.games.text) + PadLeft(percent, 10) + "\n";
   }
-  return text + Line("Total", FormatMoney(Dollars(total))) + Right(total == 0 ? "0%" : "100%", 10) + "\n";
+  return text;
 }
 
 // A line a band, with a bar of its share.
@@ -148,11 +124,10 @@ std::string HistogramForPeople(const Question& question, const GamesFigures& fig
   std::string text;
   for (const GamesBand& band : bands) {
     const std::int64_t bar = (band.games * kLongestBar + most - 1) / most;
-    text += Right(FormatNumber(band.low, kMoneyFormat), 14) + " to " +
-            Left(FormatNumber(band.high, kMoneyFormat), 14) + Right(FormatMoney(Dollars(band.games)), 10) +
-            (band.games == 1 ? " game " : " games") +
-            Right(FormatNumber(static_cast<double>(band.games) / figures.Total(), kShareFormat), 9) +
-            (bar > 0 ? "  " : "") + std::string(static_cast<std::size_t>(bar), '#') + "\n";
+    const GamesBandTexts texts = TextsOfBand(band, figures.Total());
+    text += PadLeft(texts.low, 14) + " to " + PadRight(texts.high, 14) + PadLeft(texts.games, 16) +
+            PadLeft(texts.share, 9) + (bar > 0 ? "  " : "") +
+            std::string(static_cast<std::size_t>(bar), '#') + "\n";
   }
   return text.empty() ? text : "\n" + text;
 }
@@ -161,21 +136,8 @@ std::string FiguresForPeople(const Question& question, const GamesFigures& figur
   std::string text = GameFieldCaption(question.field) + ", " +
                      FormatMoney(Dollars(static_cast<std::int64_t>(games))) +
                      (games == 1 ? " game" : " games") + "\n\n" + ClassesForPeople(figures) + "\n";
-  const auto add = [&](const char* caption, auto value, const char* format) {
-    text += Line(caption, FormatNumber(value, format)) + "\n";
-  };
-  add("Sum", figures.sum, kMoneyFormat);
-  add("Mean", figures.mean, kDerivedFormat);
-  add(figures.isMedianBetween ? "Median *" : "Median", figures.median, kMoneyFormat);
-  add("Mode", figures.mode, kMoneyFormat);
-  add("High", figures.high, kMoneyFormat);
-  add("Mid", figures.mid, kMoneyFormat);
-  add("Low", figures.low, kMoneyFormat);
-  add("Range", figures.range, kMoneyFormat);
-  add("Variance", figures.variance, kDerivedFormat);
-  add("Standard deviation", figures.deviation, kDerivedFormat);
-  add("Skew", figures.skew, kMomentFormat);
-  add("Kurtosis", figures.kurtosis, kMomentFormat);
+  for (const Figure& figure : GamesRows(figures))
+    text += Line(figure.label.substr(figure.label.find_first_not_of(' ')), figure.text) + "\n";
   return text + HistogramForPeople(question, figures);
 }
 

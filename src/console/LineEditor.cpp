@@ -49,6 +49,7 @@ std::vector<std::string> WordsAfter(const std::vector<std::string>& before) {
     if (is("dicefile")) return {"close", "rewind"};
   }
   if (before.size() == 2 && is("show") && SameWord(before[1], "bet")) return BetWords();
+  if (is("show") && SameWord(before[1], "results")) return With(BetWords(), {"actual", "phantom"});
   if (before.size() == 2 && (is("call") || is("set"))) return {"on", "off"};
   return {};
 }

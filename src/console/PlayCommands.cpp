@@ -50,8 +50,10 @@ constexpr PlayCommand kCommands[] = {
     {"hyper", "N", "Hyper-Drive for N rolls; 0 is no count", 1, 1, RunHyper},
     {"show", "[WHAT]",
      "the table, or: bet NAME, slots, events, gaps EVENT, hand, bankroll, rules,\n"
-     "                                      settings, payoffs, seeds, matrix, script, flags, log [N]",
-     0, 2, RunShow},
+     "                                      settings, payoffs, seeds, matrix, script, flags, log [N],\n"
+     "                                      summary, graph, totals, frequencies EVENT, results [BET ...],\n"
+     "                                      trends, advantage, comps",
+     0, 100, RunShow},
     {"set", "NAME VALUE", "changes a setting; show rules and show settings list them", 2, 2, RunSet},
     {"payoff", "NAME RATIO BASE [to|for]", "what a bet pays; payoff field INDEX RATIO BASE; payoff restore",
      1, 5, RunPayoff},

@@ -3,6 +3,8 @@
 #include <iterator>
 
 #include "base/Nearest.h"
+#include "console/Advantage.h"
+#include "console/FiguresShow.h"
 #include "console/PlayCommands.h"
 #include "console/ScriptCommands.h"
 #include "console/Words.h"
@@ -187,15 +189,33 @@ Reply ShowFlags(Table& table, Arguments) {
 
 struct ShowPage {
   std::string_view name;
-  bool takesArgument;
+  std::size_t most;  // words behind the name
   Reply (*show)(Table& table, Arguments arguments);
 };
 constexpr ShowPage kPages[] = {
-    {"table", false, ShowTable},       {"bet", true, ShowBet},      {"slots", false, ShowSlots},
-    {"events", false, ShowEvents},     {"gaps", true, ShowGaps},    {"hand", false, ShowHand},
-    {"bankroll", false, ShowBankroll}, {"rules", false, ShowRules}, {"settings", false, ShowSettings},
-    {"payoffs", false, ShowPayoffs},   {"seeds", false, ShowSeeds}, {"matrix", false, ShowMatrix},
-    {"script", false, ShowScript},     {"flags", false, ShowFlags}, {"log", true, ShowLog},
+    {"table", 0, ShowTable},
+    {"bet", 1, ShowBet},
+    {"slots", 0, ShowSlots},
+    {"events", 0, ShowEvents},
+    {"gaps", 1, ShowGaps},
+    {"hand", 0, ShowHand},
+    {"bankroll", 0, ShowBankroll},
+    {"rules", 0, ShowRules},
+    {"settings", 0, ShowSettings},
+    {"payoffs", 0, ShowPayoffs},
+    {"seeds", 0, ShowSeeds},
+    {"matrix", 0, ShowMatrix},
+    {"summary", 0, ShowSummary},
+    {"totals", 1, ShowTotals},
+    {"frequencies", 1, ShowFrequencies},
+    {"results", 1 + kBetCount, ShowResults},
+    {"trends", 0, ShowTrends},
+    {"graph", 0, ShowGraph},
+    {"script", 0, ShowScript},
+    {"flags", 0, ShowFlags},
+    {"log", 1, ShowLog},
+    {"advantage", 0, ShowAdvantage},
+    {"comps", 0, ShowComps},
 };
 
 }  // namespace
@@ -214,7 +234,7 @@ Reply RunShow(Table& table, Arguments arguments) {
     return Failure("there is no \"" + Echo(arguments[0]) + "\" to show." +
                    DidYouMean(arguments[0], ShowWords()));
   }
-  if (arguments.size() > 1 && !page->takesArgument) {
+  if (arguments.size() - 1 > page->most) {
     return Failure("show " + std::string(page->name) + " takes no further words.");
   }
   return page->show(table, arguments.subspan(1));

@@ -4,16 +4,12 @@
 #include <algorithm>
 
 #include "base/FormatNumber.h"
+#include "console/Columns.h"
 #include "console/Words.h"
 #include "engine/bets/Payoffs.h"
 
 namespace rollwick {
 namespace {
-
-std::string Padded(std::string text, std::size_t width) {
-  if (text.size() < width) text.append(width - text.size(), ' ');
-  return text;
-}
 
 std::string Mark(const Game& g, BetId bet) {
   switch (g.BetWorking[static_cast<std::size_t>(bet)]) {
@@ -138,13 +134,13 @@ std::string TableLine(const Game& g) {
 
 std::string TablePicture(const Game& g) {
   constexpr std::size_t kNameWidth = 20;
-  std::string text = "+-- " + Padded("Point " + Puck(g), 12) + " -- Roll " + std::to_string(g.RollCount()) +
+  std::string text = "+-- " + PadRight("Point " + Puck(g), 12) + " -- Roll " + std::to_string(g.RollCount()) +
                      " -- Dice " + Dice(g) + " --\n";
   for (BetId slot = 1; slot < kSlotCount; ++slot) {
     const Money amount = g.BetAmount[static_cast<std::size_t>(slot)];
     if ((!IsBet(slot) && !IsChipStack(slot)) || amount == Money()) continue;
     const std::string name = IsBet(slot) ? BetName(slot) : ChipStackTitle(slot);
-    text += "|  " + Padded(name, kNameWidth) + Padded(FormatMoney(amount, "$"), 12);
+    text += "|  " + PadRight(name, kNameWidth) + PadRight(FormatMoney(amount, "$"), 12);
     text += (IsBet(slot) ? Mark(g, slot) : "") + "\n";
   }
   return text + FormatMoney(g.BetAmount[SlotBankroll], "+-- Bankroll $") +

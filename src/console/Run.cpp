@@ -8,6 +8,8 @@
 
 #include "autobet/run/Output.h"
 #include "base/FormatNumber.h"
+#include "console/Columns.h"
+#include "console/FiguresShow.h"
 #include "console/GameFiles.h"
 #include "console/Report.h"
 #include "console/ScriptCommands.h"
@@ -17,7 +19,6 @@
 #include "engine/game/NewGame.h"
 #include "session/Scripts.h"
 #include "session/Settings.h"
-#include "stats/tally/Tally.h"
 
 namespace rollwick {
 namespace {
@@ -125,28 +126,6 @@ bool IsFailure(const Message& notice) {
           notice.text == "Stopped due to Dice Roll File value out of limits.");
 }
 
-Json SummaryJson(Game& g) {
-  SumBetResults(g, true, 1, kBetCount);
-  const Money average =
-      g.RollCount() == 0 ? g.BetAmount[SlotBankroll] : Quotient(g.BankrollRollSum, Dollars(g.RollCount()));
-  Json json;
-  json["TotalRolls"] = g.RollCount();
-  json["BankrollHigh"] = PlainText(g.BankrollHigh);
-  json["BankrollLow"] = PlainText(g.BankrollLow);
-  json["BankrollAverage"] = PlainText(average);
-  const auto add = [&](const std::string& name, const BetStatTable& table) {
-    const BetStatRow& row = table[ActualWagers][0];
-    json[name + "Count"] = row[TotalCount].Units() / Money::kUnitsPerDollar;
-    json[name + "Amount"] = PlainText(row[TotalAmount]);
-  };
-  add("BetWagers", g.BetWagers);
-  add("BetWins", g.BetWins);
-  add("BetLosses", g.BetLosses);
-  json["BetNet"] =
-      PlainText(g.BetWins[ActualWagers][0][TotalAmount] - g.BetLosses[ActualWagers][0][TotalAmount]);
-  return json;
-}
-
 Json ResultJson(Table& table, const RunResult& result) {
   Game& g = table.g;
   Json json;
@@ -171,70 +150,34 @@ std::string Count(std::int64_t count) {
   return FormatMoney(Dollars(count));
 }
 
-std::string Left(std::string text, std::size_t width) {
-  if (text.size() < width) text.append(width - text.size(), ' ');
-  return text;
-}
-std::string Right(const std::string& text, std::size_t width) {
-  return std::string(text.size() < width ? width - text.size() : 1, ' ') + text;
-}
-
-// A line for every bet that was decided.
-std::string BetsForPeople(const Game& g) {
-  constexpr std::size_t kName = 22, kColumn = 14;
-  const auto row = [](const std::string& name, std::initializer_list<std::string> columns) {
-    std::string line = Left(name, kName);
-    for (const std::string& column : columns) line += Right(column, kColumn);
-    return line + "\n";
-  };
-  std::string text;
-  for (BetId bet = 1; bet <= kBetCount; ++bet) {
-    const auto index = static_cast<std::size_t>(bet);
-    const BetStatRow& wagers = g.BetWagers[ActualWagers][index];
-    const BetStatRow& wins = g.BetWins[ActualWagers][index];
-    const BetStatRow& losses = g.BetLosses[ActualWagers][index];
-    if (wagers[TotalCount] == Money()) continue;
-    text += row(BetName(bet), {FormatMoney(wagers[TotalCount]), FormatMoney(wins[TotalCount]),
-                               FormatMoney(losses[TotalCount]), FormatMoney(wagers[TotalAmount], "$"),
-                               FormatMoney(wins[TotalAmount] - losses[TotalAmount], "$")});
-  }
-  return text.empty() ? text : "\n" + row("Bet", {"Decisions", "Won", "Lost", "Wagered", "Net"}) + text;
-}
-
 std::string ResultForPeople(Table& table, const RunResult& result) {
-  const Game& g = table.g;
-  const Json summary = SummaryJson(table.g);
-  const auto amount = [&](const char* key) {
-    return FormatMoney(ParseMoney(summary[key].get<std::string>()).value_or(Money()), "$");
-  };
-  const auto line = [](const std::string& name, const std::string& value) {
-    return Left(name, 12) + value + "\n";
-  };
+  Game& g = table.g;
   std::string text = SaidForPeople(table.host, kStopTitle);  // the reason stands below
-  text += line("Script", CleanUtf8(result.scriptName) + ", " + Count(std::ssize(g.ScriptLines)) +
-                             (g.ScriptLines.size() == 1 ? " line" : " lines"));
-  text += line("Rolls", Count(result.rolls));
-  text += line("Generator", "RNG #" + std::to_string(result.rng) + ", seed " + std::to_string(result.seed));
-  text += line("Bankroll", FormatMoney(result.bankrollAtStart, "$") + " at the start, " +
-                               FormatMoney(g.BetAmount[SlotBankroll], "$") + " at the end");
-  text += line("", amount("BankrollHigh") + " high, " + amount("BankrollLow") + " low, " +
-                       amount("BankrollAverage") + " average");
-  text += line("Hands", Count(g.HandStats[HandsCompleted]) + " completed, the longest of " +
-                            Count(g.HandStats[LongestHandRolls]) + " rolls");
+  text += StoryLine("Script", CleanUtf8(result.scriptName) + ", " + Count(std::ssize(g.ScriptLines)) +
+                                  (g.ScriptLines.size() == 1 ? " line" : " lines"));
+  const bool hasEarlierGames = result.rolls > g.RollCount();
+  text += StoryLine(
+      "Rolls", Count(result.rolls) +
+                   (hasEarlierGames ? "; what follows is of the last game, of " + Count(g.RollCount()) : ""));
+  text +=
+      StoryLine("Generator", "RNG #" + std::to_string(result.rng) + ", seed " + std::to_string(result.seed));
   for (const FlagEntry& flag : g.ScriptFlags)
-    text += line("Flag", CleanUtf8(flag.Name) + " is " + (flag.Value != 0 ? "True" : "False"));
+    text += StoryLine("Flag", CleanUtf8(flag.Name) + " is " + (flag.Value != 0 ? "True" : "False"));
   for (int stack = 0; stack < kChipStackCount; ++stack) {
     const BetId slot = SlotChipStack + stack;
     const Money chips = g.BetAmount[static_cast<std::size_t>(slot)];
-    if (chips != Money()) text += line("Stack", ChipStackTitle(slot) + ": " + FormatMoney(chips));
+    if (chips != Money()) text += StoryLine("Stack", ChipStackTitle(slot) + ": " + FormatMoney(chips));
   }
-  text += line("Stopped", !g.LastStopMessage.empty()    ? WithNewLines(CleanUtf8(g.LastStopMessage))
-                          : table.host.WasInterrupted() ? "by Ctrl-C"
-                          : result.rolls == 0           ? "before the first roll"
-                                                        : "at the end of a roll");
-  text += line("Time", FormatNumber(result.seconds, "#,##0.00") + " s, " +
-                           Count(static_cast<std::int64_t>(result.RollsPerSecond())) + " rolls per second");
-  return text + BetsForPeople(g);
+  text += StoryLine("Stopped", !g.LastStopMessage.empty()    ? WithNewLines(CleanUtf8(g.LastStopMessage))
+                               : table.host.WasInterrupted() ? "by Ctrl-C"
+                               : result.rolls == 0           ? "before the first roll"
+                                                             : "at the end of a roll");
+  text +=
+      StoryLine("Time", FormatNumber(result.seconds, "#,##0.00") + " s, " +
+                            Count(static_cast<std::int64_t>(result.RollsPerSecond())) + " rolls per second");
+  text += StoryLine("Bankroll", FormatMoney(result.bankrollAtStart, "$") + " at the start, " +
+                                    FormatMoney(g.BetAmount[SlotBankroll], "$") + " at the end");
+  return text + StoryOfGame(g);
 }
 
 int Wrong(const Terminal& terminal, const std::string& wrong, int exitCode) {

@@ -49,8 +49,27 @@ TEST_F(GameFiles, ARunIsSaved) {
   const Result first = run({"--save", file});
   EXPECT_EQ(first.exitCode, 0) << first.error;
   const auto second = nlohmann::ordered_json::parse(run({"--game", file}).out);
-  EXPECT_EQ(second["summary"]["TotalRolls"], 200);
+  EXPECT_EQ(second["summary"]["raw"]["TotalRolls"], 200);
   EXPECT_EQ(run({"--save", (folder / "none" / "x.crp").string()}).exitCode, 1);
+}
+
+TEST_F(GameFiles, AScriptThatResetsTheTableSavesTheWorkingGame) {
+  const std::string script = (folder / "s.txt").string();
+  std::ofstream(script)
+      << "While . . .\n          The # of rolls in the game are equal to $ 2\n    then . . .\n"
+         "          Reset table\n";
+  const std::string workingGame = (folder / "default.crp").string();
+  const std::string play = "script load " + script + "\nscript on\nroll 4 4\nroll 4 6\n";
+  Play("bet 43 10\nsave " + workingGame + "\n");
+  const std::string before = WholeFile(workingGame);
+  EXPECT_EQ(Lines(Play("load " + workingGame + "\n" + play).out)[4]["roll"], 0);
+  EXPECT_EQ(WholeFile(workingGame), before) << "nobody asked for it";
+
+  EXPECT_EQ(Lines(Play(play, {"--game", "default"}).out)[3]["roll"], 0);
+  const auto saved = Lines(Play("show\n", {"--game", "default"}).out);
+  EXPECT_EQ(saved[0]["roll"], 2) << "as the game stood before";
+  EXPECT_EQ(saved[0]["point"], 8);
+  EXPECT_FALSE(std::filesystem::exists(folder / "active.tmp"));
 }
 
 TEST_F(GameFiles, AreShownFieldByField) {

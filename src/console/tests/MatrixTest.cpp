@@ -135,7 +135,7 @@ TEST_F(MatrixCommands, OptionsThatAreRefused) {
       {"a command without dice",
        {"script", "statements", "--matrix", bad},
        2,
-       "rollwick: --matrix is for play, run and dice draw.\n"},
+       "rollwick: --matrix is for play, run, advantage and dice draw.\n"},
   };
   for (const Row& row : rows) {
     SCOPED_TRACE(row.name);

@@ -106,12 +106,12 @@ TEST_F(ScriptCommands, TheObjectOfARun) {
   EXPECT_EQ(object["stopped"], "Stopped by roll count on Auto-Play screen.");
   EXPECT_EQ(object["stacks"].dump(), R"({"3":"800"})");
   EXPECT_EQ(object["flags"].dump(), R"({"Tired":true})");
-  const auto& summary = object["summary"];
+  const auto& summary = object["summary"]["raw"];
   const auto amount = [](const nlohmann::ordered_json& text) { return *ParseMoney(text.get<std::string>()); };
-  EXPECT_EQ(amount(object["bankroll"]), Money::FromUnits(10'005'000) + amount(summary["BetNet"]));
+  EXPECT_EQ(amount(object["bankroll"]), Money::FromUnits(10'005'000) + amount(summary["AmountBetsNet"]));
   EXPECT_EQ(summary["TotalRolls"], 400);
-  EXPECT_EQ(summary["BetWagersCount"],
-            summary["BetWinsCount"].get<int>() + summary["BetLossesCount"].get<int>());
+  EXPECT_EQ(object["summary"]["TotalRolls"], "400");
+  EXPECT_EQ(summary["NumBetsDecided"], summary["NumBetsWon"].get<int>() + summary["NumBetsLost"].get<int>());
   EXPECT_EQ(object["hand"].size(), 20U);
 }
 
@@ -138,7 +138,7 @@ TEST_F(ScriptCommands, RollsAreCountedThroughNewGames) {
       "          Reset table\n";
   const auto object = RunJson(resets, {"--rolls", "1000"});
   EXPECT_EQ(object["rolls"], 1000);
-  EXPECT_LT(object["summary"]["TotalRolls"], 40);
+  EXPECT_LT(object["summary"]["raw"]["TotalRolls"], 40);
   // New games are seeded by a clock that a given seed fixes.
   EXPECT_EQ(RunJson(resets, {"--rolls", "1000"})["hand"], object["hand"]);
 }
