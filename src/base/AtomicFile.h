@@ -16,7 +16,8 @@ std::string SystemErrorText(int error);
 int WriteAll(int descriptor, std::string_view bytes);
 
 // Makes `bytes` the whole content of the file at `path`: written and synced beside it, then renamed over it.
-// Empty on success, else the error's text; the file is then as it was.
+// Empty on success, else the error's text; the file is then as it was, or the new one when it was the folder
+// that could not be synced.
 std::string SaveWhole(const std::filesystem::path& path, std::string_view bytes);
 
 }  // namespace rollwick

@@ -41,6 +41,20 @@ void ListDecidedBets(Game& g) {
   }
 }
 
+// Bets and vigs that together no amount could hold are taken off.
+bool MendBets(Game& g) {
+  Money room = kMaxChipStack;
+  bool mended = false;
+  const auto fit = [&](Money& part) {
+    if (part > room || part < -room) mended |= Mend(part, Money());
+    room -= Abs(part);
+  };
+  for (BetId bet = 1; bet <= kBetCount; ++bet) fit(g.BetAmount[bet]);
+  for (Money& vig : g.LayVigAmount) fit(vig);
+  for (Money& vig : g.BuyVigAmount) fit(vig);
+  return mended;
+}
+
 Money SumOfBets(const Game& g) {
   Money sum;
   for (BetId bet = 1; bet <= kBetCount; ++bet) sum += g.BetAmount[bet];
@@ -100,6 +114,7 @@ bool RepairGame(Game& g) {
     mended |= MendCounts(*table);
   }
   ListDecidedBets(g);
+  mended |= MendBets(g);
   mended |= Mend(g.TotalBets, SumOfBets(g));
   mended |= MendGraph(g);
   mended |= MendVisibleStacks(g);

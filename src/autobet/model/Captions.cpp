@@ -57,10 +57,11 @@ void Captions::Sort() {
 
 Captions::Found Captions::Match(std::string_view text, std::size_t below) const {
   if (text.empty()) return {};
-  for (const Choice& choice : std::ranges::equal_range(choices_, Lower(text.front()), {},
-                                                       [](const Choice& c) { return c.First(); })) {
-    if (choice.caption.size() >= below) continue;
-    if (const std::size_t length = MatchLength(text, choice.caption)) return {&choice, length};
+  const char first = Lower(text.front());
+  auto choice = std::ranges::lower_bound(choices_, first, {}, [](const Choice& c) { return c.First(); });
+  for (; choice != choices_.end() && choice->First() == first; ++choice) {
+    if (choice->caption.size() >= below) continue;
+    if (const std::size_t length = MatchLength(text, choice->caption)) return {&*choice, length};
   }
   return {};
 }

@@ -8,6 +8,7 @@
 #include <fstream>
 #include <iterator>
 
+#include "support/DamagedFile.h"
 #include "support/ScriptedHost.h"
 #include "support/TemporaryFolder.h"
 
@@ -120,6 +121,36 @@ TEST(DiceFile, EveryByteInPlayback) {
       EXPECT_FALSE(t.g.KeepRolling);
     }
   }
+}
+
+// How many rolls come out before the file ends or one is none.
+int RollsPlayed(Game& g) {
+  g.DiceFileMode = DiceFilePlayback;
+  int rolls = 0;
+  while (g.DiceFileMode == DiceFilePlayback && PlayBackDiceRoll(g)) ++rolls;
+  return rolls;
+}
+
+TEST(DiceFile, ADamagedFilePlaysUpToTheDamage) {
+  const std::string good = std::string(100, '\x24') + std::string(30, '\xD8');
+  FileTable t;
+  const RewrittenFile file(t.path);
+  ForEachLength(good, [&](const std::string& bytes) {
+    file.Put(bytes);
+    ASSERT_FALSE(OpenDiceFile(t.g, t.path, false));
+    EXPECT_EQ(RollsPlayed(t.g), static_cast<int>(bytes.size()));
+  });
+  ForEachChange(good, [&](const std::string& bytes, std::size_t place) {
+    file.Put(bytes);
+    const auto byte = static_cast<unsigned char>(bytes[place]);
+    const auto [die1, die2] = FacesOfByte(byte);
+    const bool isRefused = place < 100 && (byte & 3) != 0;
+    CloseDiceFile(t.g);
+    EXPECT_EQ(OpenDiceFile(t.g, t.path, false).has_value(), isRefused);
+    if (isRefused) return;
+    const bool isRoll = die1 >= 1 && die1 <= 6 && die2 >= 1 && die2 <= 6;
+    EXPECT_EQ(RollsPlayed(t.g), static_cast<int>(isRoll ? bytes.size() : place));
+  });
 }
 
 TEST(DiceFile, RecordsOverWhatIsThereAndGrowsAtItsEndOnly) {

@@ -271,6 +271,8 @@ TEST(GameFields, TakeTheirDefaultOutOfRange) {
       {"a place behind the Dice Roll File", 4144, 990'000, 510'000},
       {"a stack twice", 4176, 20'000, 10'000},
       {"a negative bet", 4616, -5, 0},
+      {"a bet that no total could hold", 4616, kMost, 0},
+      {"a vig that no total could hold", 11272, kMost, 0},
       {"a negative bankroll", 4608, -5, -5},
       {"a chip of nothing", 5544, 0, 50'000},
       {"a Base of nothing", 13656, 0, 10'000},
@@ -302,6 +304,10 @@ void RollOn(SavedTable& table, int rolls) {
   }
 }
 
+std::string TableBytes(const Game& g) {
+  return {reinterpret_cast<const char*>(static_cast<const GameTables*>(&g)), sizeof(GameTables)};
+}
+
 TEST(GameFields, AFileCutAnywhereIsTakenAsFarAsItGoes) {
   TemporaryFolder folder;
   SavedTable table(folder);
@@ -310,10 +316,17 @@ TEST(GameFields, AFileCutAnywhereIsTakenAsFarAsItGoes) {
   std::set<std::size_t> lengths = {needed - 1, needed, good.size() - 1};
   for (std::size_t length = 0; length < 4608; length += 5) lengths.insert(length);
   for (std::size_t length = 4608; length < needed; length += 229) lengths.insert(length);
+  for (const Field& field : GameFields()) {
+    for (const int k : {0, field.count - 1}) {
+      const std::size_t end = OffsetOf(field, k) + WidthOf(field.type);
+      lengths.insert({end - 1, end});
+    }
+  }
   for (const std::size_t length : lengths) {
     SCOPED_TRACE(length);
     table.g.TableDirty = false;
     table.g.GamePath = "before";
+    const std::string before = TableBytes(table.g);
     const LoadedGame loaded = table.LoadBytes(good.substr(0, length));
     const auto expected = length < kRecordSize ? GameFileResult::Refused
                           : length < needed    ? GameFileResult::CutShort
@@ -321,10 +334,12 @@ TEST(GameFields, AFileCutAnywhereIsTakenAsFarAsItGoes) {
     ASSERT_EQ(loaded.result, expected);
     if (expected == GameFileResult::Loaded) continue;
     EXPECT_EQ(table.g.GamePath, "before");
-    EXPECT_EQ(table.g.TableDirty, expected == GameFileResult::CutShort);
-    if (expected == GameFileResult::CutShort) {
-      EXPECT_EQ(loaded.notices.back().text, "Input past end of file, Error #62");
+    if (expected == GameFileResult::Refused) {
+      ASSERT_TRUE(TableBytes(table.g) == before);
+      continue;
     }
+    EXPECT_TRUE(table.g.TableDirty);
+    EXPECT_EQ(loaded.notices.back().text, "Input past end of file, Error #62");
     ASSERT_TRUE(TablesAgree(table.g));
     RollOn(table, 2);
   }

@@ -9,6 +9,7 @@
 #include "autobet/model/Codes.h"
 #include "base/AtomicFile.h"
 #include "base/Record.h"
+#include "support/DamagedFile.h"
 #include "support/ScriptedHost.h"
 #include "support/TemporaryFolder.h"
 
@@ -314,22 +315,44 @@ TEST(ScriptFile, TakesOldAmountsToFourDecimals) {
 TEST(ScriptFile, SurvivesCutsAndChanges) {
   for (const bool isOld : {false, true}) {
     const std::string whole = ScriptFileBytes({BetOnPlace6(), FlagLine("Up")});
-    const std::string bytes = isOld ? OldFormat(whole) : whole;
+    const std::string good = isOld ? OldFormat(whole) : whole;
     const std::size_t needed = 2 * kRecordSize + (isOld ? 234 : 238);
-    for (std::size_t length = 0; length < bytes.size(); ++length) {
-      const ScriptFileContent read = ReadScriptBytes(std::string(bytes.data(), length), "x");
-      EXPECT_EQ(read.refusal.has_value(), length < needed) << length;
-      EXPECT_EQ(read.lines.size(), length < needed ? 0U : 2U) << length;
-    }
-    for (std::size_t place = 0; place < bytes.size(); ++place) {
-      for (const char change : {'\x01', '\x80', '\xFF', '\x7F'}) {
-        std::string changed = bytes;
-        changed[place] = static_cast<char>(changed[place] ^ change);
-        const ScriptFileContent read = ReadScriptBytes(changed, "x");
-        EXPECT_LE(read.lines.size(), read.refusal ? 0U : 2U) << place;
-      }
-    }
+    ForEachLength(good, [&](const std::string& bytes) {
+      const ScriptFileContent read = ReadScriptBytes(bytes, "x");
+      EXPECT_EQ(read.refusal.has_value(), bytes.size() < needed);
+      EXPECT_EQ(read.lines.size(), bytes.size() < needed ? 0U : 2U);
+    });
+    ForEachChange(good, [&](const std::string& bytes, std::size_t) {
+      const ScriptFileContent read = ReadScriptBytes(bytes, "x");
+      EXPECT_LE(read.lines.size(), read.refusal ? 0U : 2U);
+      if (read.refusal) return;
+      const ScriptFileContent again = ReadScriptBytes(ScriptFileBytes(read.lines), "x");
+      EXPECT_EQ(again.lines, read.lines) << "what was taken is written as it was read";
+    });
   }
+}
+
+// The same through a table: a file that is refused leaves its script.
+TEST(ScriptFile, ADamagedFileLeavesTheScript) {
+  const std::string good = ScriptFileBytes({BetOnPlace6()});
+  ScriptFileTable t;
+  const RewrittenFile file(t.folder / "x.bet");
+  const auto load = [&](const std::string& bytes) {
+    file.Put(bytes);
+    if (ReadScript(t.g, t.folder / "x.bet", false)) {
+      t.g.ScriptLines = {FlagLine("old")};
+      t.g.ScriptFlags = {{"old", 1, 1}};
+      t.g.ScriptFileName = "old.bet";
+      t.g.ScriptDirty = true;
+      t.g.AutoBetsChanged = false;
+    } else {
+      EXPECT_EQ(t.host.messages.size(), 1U);
+    }
+    t.ExpectOldScript();
+    t.host.messages.clear();
+  };
+  ForEachLength(good, load);
+  ForEachChange(good, 0, kRecordSize, [&](const std::string& bytes, std::size_t) { load(bytes); });
 }
 
 TEST(ScriptFile, ReadsALongScript) {

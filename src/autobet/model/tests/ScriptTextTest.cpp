@@ -7,6 +7,7 @@
 
 #include "autobet/model/Catalogue.h"
 #include "autobet/model/Codes.h"
+#include "support/DamagedFile.h"
 
 namespace rollwick {
 namespace {
@@ -416,6 +417,33 @@ TEST(ScriptText, HostileTextsEndSoon) {
     ASSERT_EQ(read.errors.size(), 1U);
     EXPECT_LT(read.errors[0].message.size(), 200U);
   }
+}
+
+// Lines or errors that say where, and the lines read back from their own text.
+void ExpectLinesOrErrors(const std::string& text) {
+  const ParsedScript script = ParseScriptText(text);
+  EXPECT_EQ(script.lines.size(), script.sourceLines.size());
+  for (const ScriptTextError& error : script.errors) {
+    EXPECT_GE(error.line, 1);
+    EXPECT_GE(error.column, 1);
+    EXPECT_NE(error.message, "");
+  }
+  std::string shown;
+  for (const ScriptLine& line : script.lines) shown += LineText(line) + "\n";
+  EXPECT_EQ(ParseScriptText(shown).lines, script.lines) << shown;
+}
+
+TEST(ScriptText, SurvivesCutsAndChanges) {
+  const std::string text =
+      "' All.\nWhen . . .\n          Flag \"A\" is True\n    then . . .\n          Bet 5 % of bankroll on "
+      "Place 6\n"
+      "          Go to \"on\"\non\n";
+  ASSERT_TRUE(ParseScriptText(text).errors.empty());
+  ForEachLength(text, ExpectLinesOrErrors);
+  ForEachChange(text, [](const std::string& bytes, std::size_t place) {
+    // Not all values: each text is read by all lists.
+    if (static_cast<unsigned char>(bytes[place]) % 16 == place % 16) ExpectLinesOrErrors(bytes);
+  });
 }
 
 TEST(ScriptText, WritesCodesOfNoList) {
