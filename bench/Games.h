@@ -1,6 +1,7 @@
 // Fixed games to measure and to compare: nobody looks, nothing is asked.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <memory>
 
@@ -15,6 +16,12 @@ class SilentHost : public Host {
   Answer Show(Game&, const Message&) override { return Answer::No; }
   std::optional<std::string> Ask(Game&, const Prompt&) override { return {}; }
   SettleAnswer Settle(Game&, const SettleQuestion&) override { return {}; }
+  void PumpEvents(Game&) override { lastServed_ = Clock::now(); }
+  bool EventsAreDue() override { return Clock::now() - lastServed_ >= std::chrono::milliseconds(10); }
+
+ private:
+  using Clock = std::chrono::steady_clock;
+  Clock::time_point lastServed_;
 };
 
 enum class Bettor {

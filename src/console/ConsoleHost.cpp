@@ -93,6 +93,7 @@ std::uint32_t ConsoleHost::Milliseconds(Game&) {
 }
 
 void ConsoleHost::PumpEvents(Game& g) {
+  lastServed_ = Clock::now();
   if (WasInterrupted()) g.KeepRolling = g.AutoBetRunning = false;  // also a script that goes round for ever
   if (progress_ != nullptr) ShowProgress(g);
 }

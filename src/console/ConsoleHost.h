@@ -51,6 +51,7 @@ class ConsoleHost : public Host {
 
   std::uint32_t Milliseconds(Game& g) override;
   void PumpEvents(Game& g) override;
+  bool EventsAreDue() override { return Clock::now() - lastServed_ >= std::chrono::milliseconds(10); }
   // Between auto-rolls nobody needs time to look: a wait only counts the roll behind it.
   void Wait(Game& g, std::uint32_t milliseconds) override;
   Answer Show(Game& g, const Message& message) override;
@@ -72,6 +73,7 @@ class ConsoleHost : public Host {
   std::int32_t rollsWanted_ = 0;    // by Roll; 0 when nothing is counted
   std::int32_t progressRolls_ = 0;  // of the run; 0 is no count
   bool progressIsShown_ = false;
+  Clock::time_point lastServed_;
   Clock::time_point started_;
   Clock::time_point lastShown_;
 };

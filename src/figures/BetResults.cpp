@@ -62,8 +62,11 @@ Figure NetShareFigure(Money net, Money wagers, std::string_view format) {
 }
 
 BetResultsLine ResultsLine(std::size_t line, const Column& wagers, const Column& wins, const Column& losses) {
+  const bool counts = line == TotalNumberLine || line == LastRollNumberLine;
   const auto amount = [&](const char* name, const char* label, const Column& column) {
-    return Figure{name, label, PlainText(column[line]), column[line]};
+    const std::int64_t count = column[line].Units() / Money::kUnitsPerDollar;
+    return Figure{name, label, PlainText(column[line]),
+                  counts ? PlainNumber(count) : PlainNumber(column[line])};
   };
   const Money net = wins[line] - losses[line];
   return {kLabels[line],

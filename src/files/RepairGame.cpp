@@ -126,7 +126,11 @@ bool RepairGame(Game& g) {
   g.BetWorkingAfterSettle = g.BetWorking;
   g.LoggedAutoBetName.clear();
   g.LoggedAutoBetEnabled = 0;
+  g.LongestLosingRun = g.LongestLosingBet = 0;
+  g.RollResultSquares = 0;
+  g.RollResults = 0;
   g.StopMessage.clear();
+  RefreshBetSets(g);
   g.KeepRolling = g.RollInProgress = g.HyperDriveActive = g.AutoBetRunning = g.ManualRollPending = false;
   return mended;
 }

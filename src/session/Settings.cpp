@@ -194,6 +194,7 @@ void ChangeLayFullOdds(Game& g, const Setting& setting, int index, SettingValue 
 
 void ChangeComeOutWorking(Game& g, const Setting& setting, int index, SettingValue value) {
   Store(g, setting, index, value);
+  RefreshBetSets(g);
   ApplyComeOutWorking(g);
 }
 

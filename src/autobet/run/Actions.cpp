@@ -174,6 +174,7 @@ void Transact(AutoBetRun& run, AtmDirection direction, Money amount) {
 }
 
 void StartNewGame(AutoBetRun& run, bool keepChipStacks) {
+  BringUpToDate(run.g);
   run.error = run.g.TheHost->SaveWorkingGame(run.g);
   if (run.error.empty()) NewGame(run.g, keepChipStacks);
 }

@@ -37,7 +37,7 @@ void Change(Game& g, BetId slot, Money by) {
 // The slot as it is said to be, without a word to the rules.
 void Overwrite(Game& g, BetId slot, Money amount) {
   if (IsBet(slot)) g.TotalBets += amount - g.BetAmount[slot];
-  g.BetAmount[slot] = amount;
+  SetAmount(g, slot, amount);
 }
 
 // Reckons the verb with one value.
@@ -112,6 +112,7 @@ void ApplyToGroup(AutoBetRun& run, const ScriptStep& step, BetId slot, Money val
 }  // namespace
 
 void PutUp(Game& g, BetId slot, Money amount) {
+  if (IsBetAsAsked(g, slot, amount)) return;
   Overwrite(g, slot, Money());
   Change(g, slot, amount);
   // A bet that stays down went down without a word; its odds may not stand alone.

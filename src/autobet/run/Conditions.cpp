@@ -82,9 +82,9 @@ Verdict Hours(const Game& g, const ScriptStep& step, Money amount) {
 }
 
 Verdict PassThisRoll(const Game& g) {
-  const auto& since = g.RollsSinceEvent;
-  const bool sevenOut = since[7] == 0 && g.PointBeforeRoll > 0;
-  return Both(g.Point == 0 && since[2] != 0 && since[3] != 0 && since[12] != 0 && !sevenOut);
+  const auto isNow = [&g](RollEvent total) { return RollsSince(g, total) == 0; };
+  const bool sevenOut = isNow(7) && g.PointBeforeRoll > 0;
+  return Both(g.Point == 0 && !isNow(2) && !isNow(3) && !isNow(12) && !sevenOut);
 }
 
 Verdict MissThisRoll(const Game& g) {
@@ -191,9 +191,9 @@ Verdict ManyFlags(const Game& g, const ScriptStep& step) {
 Verdict Outcome(const Game& g, const ScriptStep& step, Money amount) {
   const RollEvent event = step.LeftCode - Item::FirstOutcome;
   if (event >= kRollEventCount) return {};
-  const auto at = [event](const auto& table) { return Dollars(table[static_cast<std::size_t>(event)]); };
-  const Money count = at(g.TrackedEventCount), before = at(g.TrackedEventCountBefore);
-  const Money gap = at(g.TrackedRollBase), gapBefore = at(g.TrackedRollBaseBefore);
+  const TrackedEvent tracked = Tracked(g, event);
+  const Money count = Dollars(tracked.Count), before = Dollars(tracked.CountBefore);
+  const Money gap = Dollars(tracked.RollsSince), gapBefore = Dollars(tracked.RollsSinceBefore);
   const bool none = count == Money();
   switch (step.Op) {
     case Compare::HasRolled:
@@ -209,7 +209,7 @@ Verdict Outcome(const Game& g, const ScriptStep& step, Money amount) {
     case Compare::RolledInLast:
       return {gap < amount && !none, gapBefore >= amount || before == Money()};
     case Compare::NotRolledInLast:
-      return {gap >= amount && Dollars(g.TrackedEventCount[EventEveryRoll]) >= amount, gap == amount};
+      return {gap >= amount && Dollars(Tracked(g, EventEveryRoll).Count) >= amount, gap == amount};
     default:
       return {};
   }
@@ -220,6 +220,16 @@ Verdict Outcome(const Game& g, const ScriptStep& step, Money amount) {
 constexpr BetId kAverage = -1;    // in place of a slot: the moving average of the bankroll
 constexpr BetId kAvailable = -2;  // the available bankroll, which has no earlier value
 constexpr BetId kTotalOfLeft = -3;
+
+bool IsLossStreak(std::int32_t op) {
+  return op == Compare::HasLost || op == Compare::HasLostMore || op == Compare::HasNotLost ||
+         op == Compare::HasLostLess;
+}
+
+bool IsStreak(std::int32_t op) {
+  return IsLossStreak(op) || op == Compare::HasWon || op == Compare::HasWonMore || op == Compare::HasNotWon ||
+         op == Compare::HasWonLess;
+}
 
 struct Amounts {
   Money now;
@@ -236,7 +246,15 @@ struct Sums {
 class RangedCondition {
  public:
   RangedCondition(AutoBetRun& run, const ScriptStep& step, Money amount)
-      : run_(run), g_(run.g), step_(step), amount_(amount) {}
+      : run_(run),
+        g_(run.g),
+        step_(step),
+        amount_(amount),
+        comparesItems_(IsComparisonWithItem(step.Op) || step.Op == Compare::IsNamed ||
+                       step.Op == Compare::IsNotNamed),
+        isAny_(IsAny(step.LeftCode)),
+        isAll_(IsAll(step.LeftCode)),
+        asksForStreak_(IsStreak(step.Op)) {}
 
   Verdict Evaluate() {
     if (!FindRanges()) return {};
@@ -244,48 +262,30 @@ class RangedCondition {
   }
 
  private:
-  // Slots an item stands for; nothing when there are none now.
-  std::optional<SlotRange> RangeOf(std::int32_t code, std::int32_t index) {
-    if (const auto group = GroupOfItem(code)) return group;
-    const auto only = [](BetId slot) { return SlotRange{slot, slot}; };
-    if (code >= 0 && code < SlotChipStack) return only(code);
-    switch (code) {
-      case Item::Bankroll:
-        return only(SlotBankroll);
-      case Item::AverageBankroll:
-        return only(kAverage);
-      case Item::AvailableBankroll:
-        return only(kAvailable);
-      case Value::AllStacks:
-        return SlotRange{SlotChipStack, kSlotCount - 1};
-      case Item::Stack:
-      case Item::StackRef: {
-        const BetId slot =
-            code == Item::Stack ? StackSlot(run_, index) : ReferredSlot(run_, Moment::Now, index);
-        if (slot != 0) return only(slot);
-        return {};
-      }
-      default:
-        if (const BetId bet = BetOnPoint(g_, code); bet != 0) return only(bet);
-        return {};
-    }
+  // Slots that the table of the moment gives an item; nothing when there are none now.
+  std::optional<SlotRange> RangeNow(std::int32_t code, std::int32_t index) {
+    BetId slot = BetOnPoint(g_, code);
+    if (code == Item::Stack) slot = StackSlot(run_, index);
+    if (code == Item::StackRef) slot = ReferredSlot(run_, Moment::Now, index);
+    if (slot == 0) return {};
+    return SlotRange{slot, slot};
   }
 
-  bool ComparesItems() const {
-    return IsComparisonWithItem(step_.Op) || step_.Op == Compare::IsNamed || step_.Op == Compare::IsNotNamed;
+  bool FindRange(SlotRange& range, std::int32_t fixedFirst, std::int32_t fixedLast, std::int32_t code,
+                 std::int32_t index) {
+    range = {fixedFirst, fixedLast};
+    if (fixedFirst <= fixedLast) return true;
+    const auto now = RangeNow(code, index);
+    if (now) range = *now;
+    return now.has_value();
   }
 
   bool FindRanges() {
     // Left codes below 1000 are no items; on the right they are single bets.
     if (step_.LeftCode < Item::FirstAny) return false;
-    const auto left = RangeOf(step_.LeftCode, step_.LeftIndex);
-    if (!left) return false;
-    left_ = *left;
-    if (!ComparesItems()) return true;
-    const auto right = RangeOf(step_.RightCode, step_.RightIndex);
-    if (!right) return false;
-    right_ = *right;
-    return true;
+    if (!FindRange(left_, step_.LeftFirst, step_.LeftLast, step_.LeftCode, step_.LeftIndex)) return false;
+    return !comparesItems_ ||
+           FindRange(right_, step_.RightFirst, step_.RightLast, step_.RightCode, step_.RightIndex);
   }
 
   Amounts AmountsOf(BetId slot, std::int32_t averageRolls) const {
@@ -346,38 +346,33 @@ class RangedCondition {
 
   // Newness looks back only at elements that had something: a bet that was empty is left out of the record.
   Verdict Walk() {
-    const bool isGroup = IsAny(step_.LeftCode) || IsAll(step_.LeftCode);
-    const bool needsAmount = isGroup && amount_ != Money();
+    const bool needsAmount = (isAny_ || isAll_) && amount_ != Money();
     bool holds = false, anyWasTrue = false, someWasFalse = false;
     for (BetId slot = left_.first; slot <= left_.last; ++slot) {
       const Amounts amounts = AmountsOf(slot, step_.LeftIndex);
-      const auto [now, was] = Element(slot, amounts);
+      const auto [now, was] = asksForStreak_ ? StreakOf(slot) : CompareElement(slot, amounts);
       if (!needsAmount || amounts.before > Money()) (was ? anyWasTrue : someWasFalse) = true;
       if (needsAmount && amounts.now == Money()) continue;
       if (now) {
         holds = true;
         const bool stands = amounts.now > Money() || slot == SlotBankroll;
-        if (IsAny(step_.LeftCode) && stands && IsWhile(run_.blockKind)) break;
-      } else if (IsAll(step_.LeftCode)) {
+        if (isAny_ && stands && IsWhile(run_.blockKind)) break;
+      } else if (isAll_) {
         holds = false;
         break;
       }
     }
-    return {holds, !anyWasTrue || (IsAll(step_.LeftCode) && someWasFalse) || g_.RollCount() == 0};
+    return {holds, !anyWasTrue || (isAll_ && someWasFalse) || g_.RollCount() == 0};
   }
 
-  std::pair<bool, bool> Element(BetId slot, const Amounts& amounts) {
-    const bool counts = slot >= 1 && slot <= kBetCount;
-    const auto streak = Streak(counts ? g_.BetStreak[slot][1] : 0, counts ? g_.BetStreak[slot][0] : 0);
-    return streak ? *streak : CompareElement(slot, amounts);
+  std::pair<bool, bool> StreakOf(BetId slot) const {
+    return IsBet(slot) ? Streak(g_.BetStreak[slot][1], g_.BetStreak[slot][0]) : Streak(0, 0);
   }
 
-  // Wins, or losses as a run with the sign turned; nothing for comparisons of another kind.
-  std::optional<std::pair<bool, bool>> Streak(std::int32_t streak, std::int32_t before) const {
+  // Wins, or losses as a run with the sign turned.
+  std::pair<bool, bool> Streak(std::int32_t streak, std::int32_t before) const {
     std::int32_t op = step_.Op;
-    const bool losses = op == Compare::HasLost || op == Compare::HasLostMore || op == Compare::HasNotLost ||
-                        op == Compare::HasLostLess;
-    if (losses) {
+    if (IsLossStreak(op)) {
       streak = -streak, before = -before;
       op -= 2;  // to the same comparison of wins
     }
@@ -391,15 +386,13 @@ class RangedCondition {
         return each ? std::pair(!wonThisRoll, false) : std::pair(run != amount_, runBefore != amount_);
       case Compare::HasWonMore:
         return std::pair(run > amount_, runBefore > amount_);
-      case Compare::HasWonLess:
-        return std::pair(run < amount_, runBefore < amount_);
       default:
-        return {};
+        return std::pair(run < amount_, runBefore < amount_);
     }
   }
 
   std::pair<bool, bool> CompareElement(BetId slot, const Amounts& left) {
-    if (ComparesItems()) return IsTotal(step_.RightCode) ? CompareWithTotal(left) : ComparePairs(slot, left);
+    if (comparesItems_) return IsTotal(step_.RightCode) ? CompareWithTotal(left) : ComparePairs(slot, left);
     if (step_.Op >= Compare::CountIs && step_.Op <= Compare::CountLess && IsTotal(step_.RightCode))
       return CompareWithCount(left);
     return {CompareAmounts(left.now, step_.Op, amount_), CompareAmounts(left.before, step_.Op, amount_)};
@@ -470,6 +463,9 @@ class RangedCondition {
   const Game& g_;
   const ScriptStep& step_;
   Money amount_;
+  bool comparesItems_;
+  bool isAny_, isAll_;  // of the left item
+  bool asksForStreak_;
   SlotRange left_;
   SlotRange right_;
 };
@@ -508,6 +504,27 @@ Verdict Evaluate(AutoBetRun& run, const ScriptStep& step) {
 }
 
 }  // namespace
+
+std::optional<SlotRange> FixedRangeOf(std::int32_t code, std::int32_t index) {
+  if (const auto group = GroupOfItem(code)) return group;
+  const auto only = [](BetId slot) { return SlotRange{slot, slot}; };
+  if (code >= 0 && code < SlotChipStack) return only(code);
+  switch (code) {
+    case Item::Bankroll:
+      return only(SlotBankroll);
+    case Item::AverageBankroll:
+      return only(kAverage);
+    case Item::AvailableBankroll:
+      return only(kAvailable);
+    case Value::AllStacks:
+      return SlotRange{SlotChipStack, kSlotCount - 1};
+    case Item::Stack:
+      if (index >= 0 && index < kChipStackCount) return only(SlotChipStack + index);
+      return {};
+    default:
+      return {};
+  }
+}
 
 void EvaluateConditionLine(AutoBetRun& run, const ScriptStep& step) {
   const Verdict verdict = Evaluate(run, step);

@@ -41,6 +41,12 @@ bool MayGoWith(std::int32_t kind, std::int32_t before) {
   return kind == before && (kind == KindCondition || kind == KindAction);
 }
 
+void FixRange(std::int16_t& first, std::int16_t& last, const std::optional<SlotRange>& range) {
+  if (!range) return;
+  first = static_cast<std::int16_t>(range->first);
+  last = static_cast<std::int16_t>(range->last);
+}
+
 // From the last line up: where a run goes on behind each line, and where when it passes the rest over.
 void LinkSteps(std::vector<ScriptStep>& steps) {
   std::int32_t next = static_cast<std::int32_t>(steps.size()) + 1;
@@ -82,6 +88,8 @@ void DecodeScript(Game& g) {
     step.AllNumbers =
         line.RightCode == Item::AllNumbers ||
         (line.RightCode == Item::BoxNumbers && line.Text.find("all the numbers") != std::string::npos);
+    FixRange(step.LeftFirst, step.LeftLast, FixedRangeOf(line.LeftCode, line.LeftIndex));
+    FixRange(step.RightFirst, step.RightLast, FixedRangeOf(line.RightCode, line.RightIndex));
     g.ScriptProgram.push_back(step);
     before = &line;
   }

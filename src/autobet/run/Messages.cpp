@@ -2,6 +2,7 @@
 #include "autobet/model/Codes.h"
 #include "autobet/run/Run.h"
 #include "base/FormatNumber.h"
+#include "stats/tally/Tally.h"
 
 namespace rollwick {
 
@@ -35,6 +36,7 @@ void Show(AutoBetRun& run, bool asks) {
   const std::int32_t wanted = g.HyperDriveActive ? NotifyAutoBetHyper : NotifyAutoBet;
   if (!asks && (g.Rules.NotifyFlags & wanted) == 0) return;
   if (g.HyperDriveActive) g.KeepRolling = false;
+  BringUpToDate(g);
   if (asks) {
     g.LastAnswer = static_cast<std::int32_t>(AskYesNo(g, text, "Auto-Bet") ? Answer::Yes : Answer::No);
   } else {
@@ -86,6 +88,7 @@ std::optional<Money> AskForInput(AutoBetRun& run) {
       isToldBefore ? WithoutLastReturn(run.message)
                    : "Please enter a value to bet on:  " + std::string(PromptPart(LineOf(run).Text));
   Prompt prompt{PromptKind::Money, text, "Auto-Bet", "0", 15};
+  BringUpToDate(g);
   FlushEventsLog(g);
   for (;;) {
     const std::optional<std::string> entry = g.TheHost->Ask(g, prompt);

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "autobet/model/Codes.h"
 #include "autobet/model/Script.h"
 #include "engine/state/Game.h"
 
@@ -81,6 +82,10 @@ Money MoneyFrom(AutoBetRun& run, double dollars);
 
 // Rebuilds g.ScriptProgram from the lines.
 void DecodeScript(Game& g);
+
+// The slots of an item of a condition that are the same in every roll, the bankroll's figures as slots below
+// 0; nothing for other items.
+std::optional<SlotRange> FixedRangeOf(std::int32_t code, std::int32_t index);
 
 // Tests a condition line: sets blockTrue and lineOccurred.
 void EvaluateConditionLine(AutoBetRun& run, const ScriptStep& step);

@@ -4,6 +4,7 @@
 #include "autobet/model/Codes.h"
 #include "autobet/run/Output.h"
 #include "autobet/run/Run.h"
+#include "stats/tally/Tally.h"
 
 namespace rollwick {
 
@@ -226,7 +227,9 @@ bool CountLines(AutoBetRun& run, std::int32_t lines) {
   run.linesSincePump += lines;
   if (run.linesSincePump < kLinesPerPump) return true;
   run.linesSincePump = 0;
+  BringUpToDate(run.g);
   run.g.TheHost->PumpEvents(run.g);
+  StartCounting(run.g);
   return run.g.AutoBetRunning;
 }
 
@@ -328,6 +331,7 @@ void OfferInitialize(Game& g) {
           "Auto-Bet")) {
     InitializeAutoBets(g);
     g.TheHost->PumpEvents(g);
+    StartCounting(g);
   }
   g.AutoBetsChanged = false;
 }

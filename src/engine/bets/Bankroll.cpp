@@ -32,7 +32,7 @@ std::string ShortDepositReason(const Game& g, bool onConfiguration) {
 
 void MoveMoney(Game& g, Money into) {
   g.InvestedBankroll += into;
-  g.BetAmount[SlotBankroll] += into;
+  SetAmount(g, SlotBankroll, g.BetAmount[SlotBankroll] + into);
   g.TableDirty = true;
 }
 

@@ -274,7 +274,7 @@ void ChangeChipStack(Game& g, BetId stack) {
   }
   TellLimitReached(g, stack);
   g.TableDirty = true;
-  g.BetAmount[stack] += g.BetDeltaApplied;
+  SetAmount(g, stack, g.BetAmount[stack] + g.BetDeltaApplied);
 }
 
 void TellVig(Game& g, BetId bet, Money before, Money now, bool onAll) {
@@ -303,7 +303,7 @@ void RefreshVig(Game& g, BetId bet, Money& vig, Money now, bool onAll) {
 
 void MakeChange(Game& g, BetId bet) {
   g.TableDirty = true;
-  g.BetAmount[bet] += g.BetDeltaApplied;
+  SetAmount(g, bet, g.BetAmount[bet] + g.BetDeltaApplied);
   g.TotalBets += g.BetDeltaApplied;
   const Money amount = g.BetAmount[bet];
   if (amount == Money()) ResetBetWorking(g, bet);
@@ -314,7 +314,76 @@ void MakeChange(Game& g, BetId bet) {
   }
 }
 
+// What the rules make of BetDelta, before the bankroll is looked at: BetDeltaApplied, BetMin, BetMax.
+Verdict FitToRules(Game& g, BetId bet, std::string& messageBeforeAdjust) {
+  PutInWholeChips(g, bet);
+  const Verdict verdict = g.BetDeltaApplied > Money() ? RulesForIncrease(g, bet) : RulesForDecrease(g, bet);
+  if (verdict == Verdict::Leave) return verdict;
+  g.BetMessage.clear();
+  SetMinimum(g, bet);
+  HoldMinimum(g, bet);
+  if (HoldMaximum(g, bet) == Verdict::Leave) return Verdict::Leave;
+  messageBeforeAdjust = g.BetMessage;
+  AutoAdjustChange(g, bet);
+  return Verdict::GoOn;
+}
+
+ChangeRequest RequestOf(const Game& g, BetId bet) {
+  ChangeRequest request;
+  request.Amount = g.BetAmount[bet];
+  request.Delta = g.BetDelta;
+  request.IsTravelling = g.TravelPass;
+  request.Bias = BiasOf(g, bet);
+  const bool hasContract =
+      IsComeNumber(bet) || IsDontComeNumber(bet) || bet == Bet::PassLine || bet == Bet::DontPass;
+  if (hasContract) request.Contract = g.BetContract[bet];
+  if (IsOdds(bet)) request.Flat = g.BetAmount[FlatOf(bet)];
+  if (bet >= Bet::PassLine && bet <= Bet::DontCome) request.Point = g.Point;
+  return request;
+}
+
+KnownChange& PlaceOf(Game& g, BetId bet, const ChangeRequest& request) {
+  const auto mixed = (static_cast<std::uint64_t>(request.Amount.Units()) * 3 +
+                      static_cast<std::uint64_t>(request.Delta.Units())) *
+                     0x9E3779B97F4A7C15u;
+  return g.TheLedger.Changes[static_cast<std::size_t>(bet)][mixed >> 62];
+}
+
+// FitToRules with nobody to be told anything: most requests of a long run have been made before.
+Verdict FitAsBefore(Game& g, BetId bet) {
+  const ChangeRequest request = RequestOf(g, bet);
+  KnownChange& known = PlaceOf(g, bet, request);
+  if (!known.IsKnown || known.Request != request) {
+    std::string message;
+    const bool isRefused = FitToRules(g, bet, message) == Verdict::Leave;
+    known = {true, isRefused, request, g.BetDeltaApplied, g.BetMin, g.BetMax};
+  }
+  g.BetDeltaApplied = known.Applied;
+  if (known.IsRefused) return Verdict::Leave;
+  g.BetMin = known.BetMin;
+  g.BetMax = known.BetMax;
+  return Verdict::GoOn;
+}
+
+bool HasOddsOrVig(BetId bet) {
+  return bet == Bet::PassLine || bet == Bet::DontPass || IsComeNumber(bet) || IsDontComeNumber(bet) ||
+         IsBuy(bet) || IsLay(bet);
+}
+
 }  // namespace
+
+bool IsBetAsAsked(Game& g, BetId bet, Money amount) {
+  if (!g.HyperDriveActive || !IsBet(bet) || HasOddsOrVig(bet)) return false;
+  ChangeRequest request = RequestOf(g, bet);
+  request.Amount = Money();
+  request.Delta = amount;
+  const KnownChange& known = PlaceOf(g, bet, request);
+  if (!known.IsKnown || known.Request != request) return false;
+  const Money stands = g.BetAmount[bet];
+  if (known.IsRefused) return stands == Money();
+  const bool fitsBankroll = g.Rules.AllowNegBankroll || g.TotalBets <= g.BetAmount[SlotBankroll];
+  return stands != Money() && known.Applied == stands && fitsBankroll;
+}
 
 void ChangeBet(Game& g, BetId bet) {
   // No request can reach further than from one end of a Chip-Stack to the other.
@@ -325,15 +394,9 @@ void ChangeBet(Game& g, BetId bet) {
     g.BetDeltaApplied = Money();
     return;
   }
-  PutInWholeChips(g, bet);
-  const Verdict verdict = g.BetDeltaApplied > Money() ? RulesForIncrease(g, bet) : RulesForDecrease(g, bet);
+  std::string messageBeforeAdjust;
+  const Verdict verdict = g.HyperDriveActive ? FitAsBefore(g, bet) : FitToRules(g, bet, messageBeforeAdjust);
   if (verdict == Verdict::Leave) return;
-  g.BetMessage.clear();
-  SetMinimum(g, bet);
-  HoldMinimum(g, bet);
-  if (HoldMaximum(g, bet) == Verdict::Leave) return;
-  const std::string messageBeforeAdjust = g.BetMessage;
-  AutoAdjustChange(g, bet);
   HoldBankroll(g, bet, messageBeforeAdjust);
   TellLimitReached(g, bet);
   MakeChange(g, bet);

@@ -56,7 +56,7 @@ void Call(Game& g, BetId bet, bool on) {
   if (g.BetWorking[bet] == otherButton) {
     ResetBetWorking(g, bet);
   } else {
-    g.BetWorking[bet] = on ? CalledOn : CalledOff;
+    SetBetWorking(g, bet, on ? CalledOn : CalledOff);
   }
   g.TableDirty = true;
 }
@@ -135,7 +135,7 @@ void BuyBet(Game& g, BetId bet) {
   }
   const BetId buy = bet + 6;
   const std::int32_t working = g.BetWorking[bet];
-  if (working == CalledOn || working == CalledOff) g.BetWorking[buy] = working;
+  if (working == CalledOn || working == CalledOff) SetBetWorking(g, buy, working);
   Change(g, bet, -amount);
   g.BetDelta = amount - g.BetAmount[bet];
   PlaceChips(g, buy);

@@ -10,6 +10,10 @@ namespace rollwick {
 // BetWorking.
 void ChangeBet(Game& g, BetId bet);
 
+// Whether taking `bet` off and asking for `amount` afresh is known to leave things just as they are. False
+// when that has to be tried.
+bool IsBetAsAsked(Game& g, BetId bet, Money amount);
+
 // The click: ChangeBet, then the odds that follow a line or Come bet by themselves. BetDeltaApplied is the
 // bet's own.
 void PlaceChips(Game& g, BetId bet);
@@ -23,6 +27,9 @@ void MaxBetFor(Game& g, BetId bet);
 // Sets BetMax to the most odds behind `flat`; ratioA to ratioB is the odds payoff the right way up for taking
 // odds.
 void MaxOddsBetFor(Game& g, BetId bet, BetId flat, Money ratioA, Money ratioB);
+
+// Which way the player wants bets of this kind to be fitted.
+std::int32_t BiasOf(const Game& g, BetId bet);
 
 // Moves BetDeltaApplied, the change about to be made on `bet`, so that the bet pays whole chips.
 void AdjustForProperPayoff(Game& g, BetId bet);

@@ -49,14 +49,6 @@ std::optional<Money> ColorUnit(const Game& g, Money amount, Money change, Money 
   return {};
 }
 
-std::int32_t BiasOf(const Game& g, BetId bet) {
-  if (IsLay(bet)) return g.LayBias;
-  if (IsPlace(bet)) return g.PlaceBias;
-  if (IsDoOdds(bet)) return g.DoBias;
-  if (IsDontOdds(bet)) return g.DontBias;
-  return BiasNearest;
-}
-
 Money Nearest(Money amount, Money change, Fits fits) {
   if (fits.up == fits.down) return fits.up;
   if (change != Money()) {
@@ -112,6 +104,14 @@ void TellLimit(Game& g, Money amount, bool ranIntoMaximum) {
 }
 
 }  // namespace
+
+std::int32_t BiasOf(const Game& g, BetId bet) {
+  if (IsLay(bet)) return g.LayBias;
+  if (IsPlace(bet)) return g.PlaceBias;
+  if (IsDoOdds(bet)) return g.DoBias;
+  if (IsDontOdds(bet)) return g.DontBias;
+  return BiasNearest;
+}
 
 void AdjustForProperPayoff(Game& g, BetId bet) {
   const Money amount = g.BetAmount[bet];

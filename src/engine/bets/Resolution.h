@@ -9,19 +9,8 @@ namespace rollwick {
 // Outcomes: 1 wins, -1 loses; 2 and -2 the same for odds, which are returned when they were not working.
 enum Outcome : int { Wins = 1, Loses = -1, OddsWin = 2, OddsLose = -2 };
 
-// Any decision, of chips or of the phantom dollar alone.
-void ResolveStandingBet(Game& g, int outcome, BetId bet);
-
-inline void ResolveBet(Game& g, int outcome, BetId bet) {
-  // Most decisions are these: nothing stands there, and a dollar lost costs a dollar, without a vig. The
-  // Field's own table says what it loses.
-  const bool losesItsStake = outcome < 0 && !IsLay(bet) && !IsBuy(bet) && bet != Bet::Field;
-  if (!losesItsStake || g.BetAmount[bet] != Money()) {
-    ResolveStandingBet(g, outcome, bet);
-  } else if (g.BetWorking[bet] >= On) {
-    RecordPhantomLoss(g, bet);
-  }
-}
+// Decides the chips on `bet`, if any: pays or takes them and settles what becomes of the bet.
+void ResolveBet(Game& g, int outcome, BetId bet);
 
 // What becomes of CurrentBetId by the Auto-Play choice, or by asking.
 void SettleLostBet(Game& g);

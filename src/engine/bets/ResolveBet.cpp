@@ -31,31 +31,32 @@ bool ComesDown(const Game& g, BetId bet) {
   return false;
 }
 
-void CountStreak(std::int32_t& streak, bool won) {
+void CountStreak(Game& g, BetId bet, bool won) {
+  std::int32_t& streak = g.BetStreak[bet][1];
   if (won) {
     streak = streak < 0 ? 1 : streak + 1;
-  } else {
-    streak = streak > 0 ? -1 : streak - 1;
+    return;
+  }
+  streak = streak > 0 ? -1 : streak - 1;
+  if (-streak > g.LongestLosingRun) {
+    g.LongestLosingRun = -streak;
+    g.LongestLosingBet = bet;
   }
 }
 
 void ResolveWorkingBet(Game& g, int outcome, BetId bet) {
-  ComputePayoff(g, false, bet, outcome, Dollars(1));
-  RecordBetDecision(g, PhantomWagers, bet, Dollars(1), g.PayoffExact);
   const Money stake = g.BetAmount[bet];
-  if (stake == Money()) return;
-
   ComputePayoff(g, true, bet, outcome, stake);
-  RecordBetDecision(g, ActualWagers, bet, stake, g.PayoffNet);
+  RecordBetDecision(g, bet, stake, g.PayoffNet);
   LogDecision(g, bet);
   // A payoff row of zero makes the number a dead number for this bet.
   if (g.PayoffTable[0].Ratio == Money() && g.PayoffNet == Money()) return;
 
-  g.BetAmount[SlotBankroll] += g.PayoffNet;
+  SetAmount(g, SlotBankroll, g.BetAmount[SlotBankroll] + g.PayoffNet);
   // What has been decided is no contract any more: the player may keep it, take it or change it.
-  if (bet <= Bet::DontPass) g.BetContract[bet] = Money();
+  if (bet <= Bet::DontPass) SetContract(g, bet, Money());
   g.BetMustComeDown = ComesDown(g, bet);
-  if (g.PayoffNet != Money()) CountStreak(g.BetStreak[bet][1], g.PayoffNet > Money());
+  if (g.PayoffNet != Money()) CountStreak(g, bet, g.PayoffNet > Money());
   if (g.PayoffNet < Money()) return SettleLostBet(g);
   BetUnit(g, bet);
   SettleWonBet(g, g.PayoffNet == Money() ? "Push" : "* * * Winner * * *");
@@ -72,17 +73,18 @@ void ReturnOdds(Game& g, BetId bet) {
     BetUnit(g, bet);
   }
   SettleWonBet(g, "Odds Bet Returned");
-  g.BetWorking[bet] = On;
+  SetBetWorking(g, bet, On);
 }
 
 }  // namespace
 
-void ResolveStandingBet(Game& g, int outcome, BetId bet) {
+void ResolveBet(Game& g, int outcome, BetId bet) {
+  if (g.BetAmount[bet] == Money()) return;
   g.CurrentBetId = bet;
   g.BetMustComeDown = false;
   if (g.BetWorking[bet] >= On) {
     ResolveWorkingBet(g, outcome, bet);
-  } else if (std::abs(outcome) == OddsWin && g.BetAmount[bet] != Money()) {
+  } else if (std::abs(outcome) == OddsWin) {
     ReturnOdds(g, bet);
   }
 }
@@ -106,7 +108,7 @@ void MoveComeBet(Game& g, BetId fromBox, BetId toNumber) {
   g.BetDelta = amount;
   PlaceChips(g, toNumber);
   g.TravelPass = false;
-  g.BetContract[toNumber] = std::min(amount, g.BetAmount[toNumber]);
+  SetContract(g, toNumber, std::min(amount, g.BetAmount[toNumber]));
   if (g.RecordEventsActive && g.RecordBetChanges) {
     LogEvent(g, "      $" + PlainText(g.BetAtThrow[fromBox]) + " " + BetName(fromBox) + " bet moved to " +
                     BetName(toNumber));

@@ -143,31 +143,43 @@ void LetTheTableSee(Game& g, AutoStop stop) {
   if (g.AutoRoll && g.AutoStopOn[stop]) g.KeepRolling = false;
 }
 
+void AskAboutLoss(Game& g) {
+  SettleQuestion question = AccountOfLoss(g);
+  ReleaseVig(g);
+  BetUnit(g, g.CurrentBetId);
+  question.choices[3] = PressUnitCaption(g);
+  SettleLostByChoice(g, AskSettlement(g, std::move(question)));
+}
+
+// The bankroll has paid the vig; what the choices call winnings are the net before it.
+void ReleaseVigToWinnings(Game& g) {
+  g.PayoffNet += ReleaseVig(g);
+}
+
+void AskAboutWin(Game& g, std::string_view caption) {
+  SettleQuestion question = AccountOfWin(g, caption);
+  ReleaseVigToWinnings(g);
+  SettleWonByChoice(g, AskSettlement(g, std::move(question)));
+}
+
 }  // namespace
 
 void SettleLostBet(Game& g) {
   LetTheTableSee(g, StopOnAnyLoss);
-  const bool ask =
-      !g.HyperDriveActive && g.HandleLosingBets == LossManual && g.BetAtThrow[g.CurrentBetId] > Money();
-  SettleQuestion question;
-  if (ask) question = AccountOfLoss(g);
+  if (!g.HyperDriveActive && g.HandleLosingBets == LossManual && g.BetAtThrow[g.CurrentBetId] > Money()) {
+    return AskAboutLoss(g);
+  }
   ReleaseVig(g);
   BetUnit(g, g.CurrentBetId);
-  if (!ask) return SettleLostByHandler(g);
-  question.choices[3] = PressUnitCaption(g);
-  SettleLostByChoice(g, AskSettlement(g, std::move(question)));
+  SettleLostByHandler(g);
 }
 
 void SettleWonBet(Game& g, std::string_view caption) {
   LetTheTableSee(g, StopOnAnyWin);
   if (!g.HyperDriveActive) g.TheHost->Play(g, Sound::Win);
-  const bool ask = !g.HyperDriveActive && g.HandleWinningBets == WinManual;
-  SettleQuestion question;
-  if (ask) question = AccountOfWin(g, caption);
-  // The bankroll has paid the vig; what the choices call winnings are the net before it.
-  g.PayoffNet += ReleaseVig(g);
-  if (!ask) return SettleWonByHandler(g);
-  SettleWonByChoice(g, AskSettlement(g, std::move(question)));
+  if (!g.HyperDriveActive && g.HandleWinningBets == WinManual) return AskAboutWin(g, caption);
+  ReleaseVigToWinnings(g);
+  SettleWonByHandler(g);
 }
 
 void TellBetChange(Game& g, BetId bet, const char* titlePrefix) {

@@ -12,14 +12,16 @@
 #include "engine/bets/Bankroll.h"
 #include "engine/bets/Placement.h"
 #include "engine/cycle/LogChanges.h"
-#include "engine/cycle/ResolveTotal.h"
+#include "engine/cycle/PhantomWagers.h"
+#include "engine/cycle/SettleRoll.h"
 #include "stats/tally/Tally.h"
 
 namespace rollwick {
 
 namespace {
 
-constexpr std::int32_t kRollsPerPump = 512;  // a fraction of a millisecond at full speed
+constexpr std::int32_t kRollsPerPump = 256;       // a small fraction of a millisecond at full speed
+constexpr std::size_t kMostPendingLog = 1 << 20;  // bytes
 
 bool RollLimitReached(Game& g) {
   if (g.RollCount() < kMaxRollCount) return false;
@@ -35,10 +37,14 @@ bool RollLimitReached(Game& g) {
 
 // What later steps compare with: amounts, streaks, counters and contracts as they stand at the throw.
 void TakeThrowSnapshots(Game& g) {
-  g.BetAtThrow = g.BetAmount;
+  g.ChangedSinceThrow.ForEach([&](BetId slot) {
+    g.BetAtThrow[slot] = g.BetAmount[slot];
+    if (slot >= 1 && slot <= Bet::DontPass) g.BetContract[slot] = g.BetAmount[slot];
+  });
+  g.ChangedSinceThrow = {};
+  assert(g.BetAtThrow == g.BetAmount);
   StartRollResults(g);
   CountPrevRolls(g);
-  for (BetId bet = 1; bet <= Bet::DontPass; ++bet) g.BetContract[bet] = g.BetAmount[bet];
   g.PointBeforeLast = g.PointBeforeRoll;
   g.PointBeforeRoll = g.Point;
   g.PrevDie1 = g.Die1;
@@ -111,7 +117,9 @@ void FollowThePoint(Game& g) {
 
 void TakeEndSnapshots(Game& g) {
   g.RollsSinceEvent[EventEveryRoll] = g.RollCount();
-  g.BetAfterSettle = g.BetAmount;
+  g.ChangedSinceEnd.ForEach([&](BetId slot) { g.BetAfterSettle[slot] = g.BetAmount[slot]; });
+  g.ChangedSinceEnd = {};
+  assert(g.BetAfterSettle == g.BetAmount);
   g.BetWorkingAfterSettle = g.BetWorking;
   for (FlagEntry& flag : g.ScriptFlags) flag.PrevValue = flag.Value;
   g.LoggedAutoBetEnabled = g.AutoBetsActive;
@@ -133,6 +141,7 @@ void CountAutoRoll(Game& g) {
 
 // One roll from the player's last changes to the snapshots at its end. Nothing happens at the roll limit.
 void OneRoll(Game& g) {
+  if (!g.HyperDriveActive) StartCounting(g);  // the player was here
   FallBackFromMissingGenerator(g);
   if (RollLimitReached(g)) return;
   LogPlayerChanges(g);
@@ -148,10 +157,12 @@ void OneRoll(Game& g) {
 
   MovePoint(g);
   TallyRoll(g);
-  ResolvePointMade(g);
-  ResolveTotal(g);
-  ResolveOneRollBets(g);
+  CountPhantoms(g);
+  assert(PhantomPricesAgree(g));
+  SettleRoll(g);
+  StopAutoRollOnTotal(g);
   FollowThePoint(g);
+  if (!g.HyperDriveActive) BringUpToDate(g);
   if (!g.HyperDriveActive) g.TheHost->TableChanged(g);
 
   TallyBankroll(g);
@@ -164,7 +175,7 @@ void OneRoll(Game& g) {
 
   TakeEndSnapshots(g);
   CountAutoRoll(g);
-  assert(TablesAgree(g));
+  assert(TablesAgree(g) && BetSetsAgree(g));
 }
 
 // What the log, the recorder and the script wrote is on its way to the disk before anybody looks up.
@@ -175,21 +186,28 @@ void FlushFiles(Game& g) {
 }
 
 void EndHyperDrive(Game& g) {
+  BringUpToDate(g);
   FlushFiles(g);
   g.HyperDriveActive = false;
   if (!g.StopMessage.empty()) ShowMessage(g, g.StopMessage, "Hyper-Drive Stopped");
   g.TheHost->TableChanged(g);
 }
 
-void ServeEvents(Game& g) {
-  if (g.RollsInRun % kRollsPerPump == 0 || g.HyperThrottle > 0) {
-    FlushFiles(g);
-    g.TheHost->PumpEvents(g);
-  }
+// Whoever looks in finds everything counted, and may change what he likes.
+void LetTheWorldIn(Game& g) {
+  BringUpToDate(g);
+  FlushFiles(g);
+  g.TheHost->PumpEvents(g);
   if (g.HyperThrottle > 0) {
     const auto throttle = static_cast<std::uint32_t>(g.HyperThrottle);
     g.TheHost->Wait(g, throttle * throttle * 10);
   }
+  StartCounting(g);
+}
+
+void ServeEvents(Game& g) {
+  const bool isTime = g.RollsInRun % kRollsPerPump == 0 && g.TheHost->EventsAreDue();
+  if (isTime || g.HyperThrottle > 0 || g.PendingLogLines.size() > kMostPendingLog) LetTheWorldIn(g);
 }
 
 // Whether another roll follows by itself: at once in Hyper-Drive, after the delay in auto-roll.
@@ -224,6 +242,7 @@ void RollDice(Game& g) {
     g.KeepRolling = false;
     return;
   }
+  StartCounting(g);
   OfferInitialize(g);
   g.TableDirty = true;
   g.StopMessage.clear();

@@ -23,6 +23,7 @@ void ClearTable(Game& g, bool keepChipStacks) {
   g.LayVigAmount.fill(Money());
   g.TotalBets = Money();
   g.BetWorking = g.BetWorkingAfterSettle = g.BetWorkingDefault;
+  RefreshBetSets(g);
   for (FlagEntry& flag : g.ScriptFlags) flag.Value = flag.PrevValue = 0;
   g.LoggedAutoBetName.clear();
   g.LoggedAutoBetEnabled = 0;

@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "base/Money.h"
+#include "engine/state/BetSet.h"
 #include "engine/state/Bets.h"
 
 namespace rollwick {
@@ -74,6 +75,7 @@ struct TableRules {
   Money BankrollInitAmount = Dollars(500);
   Money AtmAmount = Dollars(500);
   std::int32_t NotifyFlags = NotifyNotAllowed | NotifyLimits | NotifyCharges | NotifyAutoBet;
+  friend bool operator==(const TableRules&, const TableRules&) = default;
 };
 
 struct BetTables {
@@ -86,6 +88,16 @@ struct BetTables {
   std::array<std::int32_t, kBetCount + 1> BetWorking{};         // Working
   std::array<std::int32_t, kBetCount + 1> BetWorkingDefault{};  // 0 or 1: works on the come-out
   std::array<std::int32_t, kBetCount + 1> BetWorkingAfterSettle{};
+
+  // They follow from the tables above: bets with chips on them, bets in action, bets with a button, bets that
+  // work on the come-out.
+  BetSet BetsStanding;
+  BetSet BetsInAction;
+  BetSet BetsCalled;
+  BetSet BetsOnByDefault;
+  // Slots whose amount or contract may differ from what was kept at the throw and at the end of the roll.
+  SlotSet ChangedSinceThrow;
+  SlotSet ChangedSinceEnd;
 
   // The vig of the amount now on each Lay bet 1..6 and Buy bet 37..42, rounded; 0 on all others.
   std::array<Money, 7> LayVigAmount{};

@@ -93,20 +93,34 @@ void SetDefaultWorking(Game& g) {
     g.BetWorkingDefault[bet] = Off;
   }
   g.BetWorkingDefault[0] = Off;
+  RefreshBetSets(g);
   ApplyComeOutWorking(g);
 }
 
-void ApplyComeOutWorking(Game& g) {
+void RefreshBetSets(Game& g) {
   for (BetId bet = 1; bet <= kBetCount; ++bet) {
-    std::int32_t& working = g.BetWorking[bet];
-    if (g.Point == g.DiceTotal && working == Off) working = On;
-    if (g.Point == 0 && working != CalledOn && working != CalledOff) working = g.BetWorkingDefault[bet];
+    g.BetsStanding.Set(bet, g.BetAmount[bet] != Money());
+    g.BetsOnByDefault.Set(bet, g.BetWorkingDefault[bet] >= On);
+    SetBetWorking(g, bet, g.BetWorking[bet]);
   }
+  g.ChangedSinceThrow = g.ChangedSinceEnd = SlotSet::Range(0, kSlotCount - 1);
+}
+
+void ApplyComeOutWorking(Game& g) {
+  const bool newPoint = g.Point != 0 && g.Point == g.DiceTotal;
+  if (g.Point != 0 && !newPoint) return;
+  const BetSet called = g.BetsCalled, calledOn = called & g.BetsInAction;
+  if (newPoint) {
+    std::fill_n(g.BetWorking.begin() + 1, kBetCount, On);
+  } else {
+    std::copy_n(g.BetWorkingDefault.begin() + 1, kBetCount, g.BetWorking.begin() + 1);
+  }
+  called.ForEach([&](BetId bet) { g.BetWorking[bet] = calledOn.Has(bet) ? CalledOn : CalledOff; });
+  g.BetsInAction = calledOn | ((newPoint ? kAllBets : g.BetsOnByDefault) - called);
 }
 
 void ResetBetWorking(Game& g, BetId bet) {
-  if (!IsBet(bet)) return;
-  g.BetWorking[bet] = g.Point == 0 ? g.BetWorkingDefault[bet] : On;
+  if (IsBet(bet)) SetBetWorking(g, bet, g.Point == 0 ? g.BetWorkingDefault[bet] : On);
 }
 
 void SetStartUpDefaults(Game& g) {

@@ -11,6 +11,7 @@
 #include "engine/state/BetTables.h"
 #include "engine/state/DiceTables.h"
 #include "engine/state/Host.h"
+#include "engine/state/Ledger.h"
 #include "engine/state/OptionTables.h"
 #include "engine/state/ScreenTables.h"
 #include "engine/state/ScriptTables.h"
@@ -31,10 +32,11 @@ static_assert(std::is_trivially_copyable_v<GameTables>);
 struct Game : GameTables {
   Host* TheHost = nullptr;          // never null while a procedure runs
   EventsLogSink* TheLog = nullptr;  // null: nothing is recorded
-  std::string PendingLogLines;      // whole lines not yet handed to TheLog
-  std::string BetMessage;           // collected by ChangeBet for one notice
-  std::string StopMessage;          // why the run stopped; empty if it stopped by itself
-  std::string LastStopMessage;      // the same of the last run, kept when StopMessage is emptied
+  Ledger TheLedger;
+  std::string PendingLogLines;  // whole lines not yet handed to TheLog
+  std::string BetMessage;       // collected by ChangeBet for one notice
+  std::string StopMessage;      // why the run stopped; empty if it stopped by itself
+  std::string LastStopMessage;  // the same of the last run, kept when StopMessage is emptied
   std::string LastErrorText;
   std::array<std::string, kChipStackCount> ChipStackName;  // given by scripts; empty: the stack's own name
 
@@ -72,6 +74,30 @@ void SetLineOddsPayoffs(Game& g);
 // Which bets work on the come-out as the house opens with, applied at once.
 void SetDefaultWorking(Game& g);
 
+// Writes the amount of a slot, as everybody does while the dice roll.
+inline void SetAmount(BetTables& g, BetId slot, Money amount) {
+  g.BetAmount[slot] = amount;
+  g.ChangedSinceThrow.Set(slot);
+  g.ChangedSinceEnd.Set(slot);
+  if (IsBet(slot)) g.BetsStanding.Set(slot, amount != Money());
+}
+
+// Writes the contract of bet 1..46.
+inline void SetContract(BetTables& g, BetId bet, Money contract) {
+  g.BetContract[bet] = contract;
+  g.ChangedSinceThrow.Set(bet);
+}
+
+// Writes BetWorking of one bet.
+inline void SetBetWorking(BetTables& g, BetId bet, std::int32_t working) {
+  g.BetWorking[bet] = working;
+  g.BetsInAction.Set(bet, working >= On);
+  g.BetsCalled.Set(bet, working == CalledOn || working == CalledOff);
+}
+
+// Works out the sets of bets after their tables were written whole.
+void RefreshBetSets(Game& g);
+
 // Run when the point changes, or a default: a new point turns every bet that was off on; the come-out gives
 // every bet without a button its default.
 void ApplyComeOutWorking(Game& g);
@@ -91,7 +117,10 @@ void LogEvent(Game& g, std::string_view text);
 void FlushEventsLog(Game& g);
 
 // The tables that only follow from others, compared with what they follow from: TotalBets with its parts,
-// vigs with amounts. False when they differ (a bug, asserted after every roll in debug builds).
+// vigs with amounts. False when they differ (a bug,
+// asserted after every roll in debug builds).
 bool TablesAgree(const Game& g);
+// The same of the sets of bets, which follow while the dice roll.
+bool BetSetsAgree(const Game& g);
 
 }  // namespace rollwick

@@ -104,8 +104,10 @@ class Host {
 
   // A millisecond clock that wraps, as seeds and delays read it.
   virtual std::uint32_t Milliseconds(Game& g) = 0;
-  // Lets what waits outside happen; may clear KeepRolling. Hyper-Drive calls it every few hundred rolls.
+  // Lets what waits outside happen; may clear KeepRolling.
   virtual void PumpEvents(Game&) {}
+  // Hyper-Drive asks every few hundred rolls whether it is time for PumpEvents.
+  virtual bool EventsAreDue() { return true; }
   // Serves events for so long, or until KeepRolling is cleared; at least once.
   virtual void Wait(Game& g, std::uint32_t /*milliseconds*/) { PumpEvents(g); }
 

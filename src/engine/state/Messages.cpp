@@ -86,4 +86,15 @@ bool TablesAgree(const Game& g) {
          g.PayoffTable[Bet::DontPassOdds] == g.PayoffTable[DontComeOddsOn(g.Point)];
 }
 
+bool BetSetsAgree(const Game& g) {
+  for (BetId bet = 1; bet <= kBetCount; ++bet) {
+    const std::int32_t working = g.BetWorking[bet];
+    if (g.BetsStanding.Has(bet) != (g.BetAmount[bet] != Money())) return false;
+    if (g.BetsInAction.Has(bet) != (working >= On)) return false;
+    if (g.BetsCalled.Has(bet) != (working == CalledOn || working == CalledOff)) return false;
+    if (g.BetsOnByDefault.Has(bet) != (g.BetWorkingDefault[bet] >= On)) return false;
+  }
+  return true;
+}
+
 }  // namespace rollwick

@@ -68,6 +68,12 @@ struct ScriptStep {
   std::int32_t Past = 0;    // line behind the conditions or actions this one belongs to
   bool StartsGroup = true;  // the line before is no action with the same verb and target
   bool AllNumbers = false;  // of Reset rolls: every event of the dice
+  // The slots of the items left and right where they are always the same; empty (last below first) where the
+  // run has to find them.
+  std::int16_t LeftFirst = 0;
+  std::int16_t LeftLast = -1;
+  std::int16_t RightFirst = 0;
+  std::int16_t RightLast = -1;
   Money Amount;
 };
 

@@ -88,12 +88,18 @@ struct StatisticsTables {
   std::int32_t DecidedCount = 0;
   // Runs of wins (above 0) or losses (below 0): column 0 as before the current roll, column 1 now.
   std::array<std::array<std::int32_t, 2>, 101> BetStreak{};
+  // The longest run of losses of one bet, and which bet; of a game from a file, since it was loaded.
+  std::int32_t LongestLosingRun = 0;
+  BetId LongestLosingBet = 0;
 
   std::array<std::int32_t, kHandStatCount> HandStats{};
 
   Money BankrollHigh;
   Money BankrollLow;
   Money BankrollRollSum;  // of the bankroll after each roll; stays at the largest value it can hold
+  // What the rolls of this session won or lost, squared and added up, and how many rolls these are.
+  double RollResultSquares = 0;
+  std::int32_t RollResults = 0;
   // 1..525 the current page, 526..1050 the page before; entry 0 the roll number (as Money) at which this page
   // began.
   std::array<Money, 2 * kGraphPage + 1> BankrollHistory{};

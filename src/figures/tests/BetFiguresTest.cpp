@@ -22,9 +22,18 @@ std::string TextOf(const BetResultsLine& line) {
          line.net.text + " | " + line.netShare.text;
 }
 
+void AddDollar(BetStatRow& row) {
+  for (const BetStatField field : {TotalCount, TotalAmount}) row[field] += Dollars(1);
+  for (const BetStatField field : {HighAmount, LowAmount, LastAmount, LastRollCount, LastRollAmount})
+    row[field] = Dollars(1);
+}
+
 void Decide(Game& g, BetId bet, Money wager, Money result) {
-  RecordBetDecision(g, ActualWagers, bet, wager, result);
-  RecordBetDecision(g, PhantomWagers, bet, Dollars(1), result < Money() ? -Dollars(1) : Dollars(1));
+  RecordBetDecision(g, bet, wager, result);
+  const bool won = result > Money();
+  MarkDecided(g, PhantomWagers, bet, won);
+  AddDollar(g.BetWagers[PhantomWagers][bet]);
+  AddDollar((won ? g.BetWins : g.BetLosses)[PhantomWagers][bet]);
 }
 
 TEST(BetResults, TableByHand) {

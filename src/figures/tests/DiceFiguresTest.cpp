@@ -75,6 +75,7 @@ TEST(RollFrequencies, AgreeWithARecount) {
     TallyRoll(g);
     rolls.emplace_back(g.Die1, g.Die2);
   }
+  BringUpToDate(g);
   bool sawLongGap = false;
   for (const RollEventItem& item : RollEventList()) {
     SCOPED_TRACE(item.text);

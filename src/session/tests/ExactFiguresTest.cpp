@@ -7,8 +7,9 @@
 #include <random>
 
 #include "dice/Matrix.h"
-#include "engine/cycle/ResolveTotal.h"
+#include "engine/cycle/PhantomWagers.h"
 #include "stats/advantage/EvaluateBet.h"
+#include "stats/tally/Tally.h"
 #include "support/ScriptedHost.h"
 
 namespace rollwick {
@@ -110,9 +111,9 @@ class Walk {
         g.Die1 = dice.die1;
         g.Die2 = dice.die2;
         g.DiceTotal = dice.Total();
-        ResolvePointMade(g);
-        ResolveTotal(g);
-        ResolveOneRollBets(g);
+        StartCounting(g);
+        CountPhantoms(g);
+        BringUpToDate(g);
         auto& results = ofPoint.emplace_back();
         for (BetId bet = 1; bet <= kBetCount; ++bet) {
           const auto index = static_cast<std::size_t>(bet);

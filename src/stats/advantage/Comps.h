@@ -31,8 +31,8 @@ CompFigures UpdateComps(const Game& g, CompTarget target);
 
 // The labels of the comps panel, lblCompdata 0..6, and lblCompValue of the summary.
 inline constexpr std::array<const char*, 7> kCompCaptions = {
-    "Total comp action $",       "Decisions",          "Average comp action $", "Theoretical house vig $",
-    "Avg. comp action x time $", "Total comp value $", "Simulated hours"};
+    "Total comp action $",       "Total comp decisions", "Average comp action $", "Theoretical house vig $",
+    "Avg. comp action x time $", "Total comp value $",   "Simulated hours"};
 std::array<std::string, 7> CompTexts(const CompFigures& comps);
 std::string CompValueText(const CompFigures& comps);
 

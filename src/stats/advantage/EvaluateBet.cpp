@@ -177,6 +177,18 @@ double SumOfSquares(std::span<const Outcome> outcomes, double mean, bool decisio
   return sum;
 }
 
+DecisionOdds OddsWhenDecided(std::span<const Outcome> outcomes) {
+  double decided = 0, sum = 0, squares = 0;
+  for (const auto& [result, chance] : outcomes) {
+    if (result == 0) continue;
+    decided += chance;
+    sum += result * chance;
+    squares += result * result * chance;
+  }
+  const double mean = Over(sum, decided);
+  return {mean, std::sqrt(std::max(0.0, Over(squares, decided) - mean * mean))};
+}
+
 // ---- single rolls
 
 bool AreCrooked(const Game& g, DiceTaken dice) {
@@ -247,6 +259,8 @@ class Cycle {
   void AddTie(double chance) { outcomes_[count_++] = {0, chance}; }
   void AddRolls(double rolls) { rolls_ += rolls; }
 
+  std::span<const Outcome> Outcomes() const { return {outcomes_.data(), count_}; }
+
   BetFigures Evaluate(bool countsTies) const {
     const std::span<const Outcome> outcomes(outcomes_.data(), count_);
     const double expected = Expected(outcomes);
@@ -311,8 +325,7 @@ void AddPoint(Cycle& cycle, const Game& g, BetId bet, int number, const Totals& 
   cycle.AddRolls(weight * (1 / decision + rollsBefore));
 }
 
-BetFigures EvaluateCycle(const Game& g, BetId bet, DiceTaken dice) {
-  const Totals chances = ChancesOfTotals(g, dice);
+Cycle WholeCycle(const Game& g, BetId bet, const Totals& chances) {
   double points = 0;
   for (const int number : kBoxNumbers) points += chances[static_cast<std::size_t>(number)];
   Cycle cycle;
@@ -323,14 +336,28 @@ BetFigures EvaluateCycle(const Game& g, BetId bet, DiceTaken dice) {
     AddPoint(cycle, g, bet, number, chances, IsOdds(bet) ? Over(chance, points) : chance,
              IsOdds(bet) ? 0 : 1);
   }
-  return cycle.Evaluate(g.CountZeroOutcomes);
+  return cycle;
+}
+
+bool RunsOverPoint(BetId bet) {
+  return bet >= Bet::PassLine && bet <= Bet::DontCome;
 }
 
 }  // namespace
 
 BetFigures EvaluateBet(const Game& g, BetId bet, DiceTaken dice) {
-  const bool runsOverPoint = bet >= Bet::PassLine && bet <= Bet::DontCome;
-  return Rounded(runsOverPoint ? EvaluateCycle(g, bet, dice) : EvaluateSingleRolls(g, bet, dice));
+  if (!RunsOverPoint(bet)) return Rounded(EvaluateSingleRolls(g, bet, dice));
+  return Rounded(WholeCycle(g, bet, ChancesOfTotals(g, dice)).Evaluate(g.CountZeroOutcomes));
+}
+
+DecisionOdds OddsOfDecision(const Game& g, BetId bet) {
+  if (!RunsOverPoint(bet)) return OddsWhenDecided(ResultsOfOneRoll(g, bet, DiceTaken::AtTheTable));
+  const Totals chances = ChancesOfTotals(g, DiceTaken::AtTheTable);
+  if (bet != Bet::Come && bet != Bet::DontCome)
+    return OddsWhenDecided(WholeCycle(g, bet, chances).Outcomes());
+  Cycle onTheBox;
+  AddComeOut(onTheBox, g, bet, chances);
+  return OddsWhenDecided(onTheBox.Outcomes());
 }
 
 std::string FigureText(double figure) {

@@ -25,6 +25,16 @@ enum class DiceTaken {
 // The figures of `bet` (1..83) under the payoffs, vigs, bar number, dice and CountZeroOutcomes in force.
 BetFigures EvaluateBet(const Game& g, BetId bet, DiceTaken dice = DiceTaken::AtTheTable);
 
+// Of a dollar, each time a decision is recorded on a bet; what returns the dollar records none.
+struct DecisionOdds {
+  double mean = 0;
+  double deviation = 0;
+};
+
+// A Come or Don't Come bet is recorded on its box only while it stands there: its odds here are those of 2,
+// 3, 7, 11 and 12, and what becomes of the bet on a number is for the rows of the numbers.
+DecisionOdds OddsOfDecision(const Game& g, BetId bet);
+
 // "-.006098", "4.", "0.000000".
 std::string FigureText(double figure);
 

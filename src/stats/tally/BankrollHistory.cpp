@@ -60,6 +60,9 @@ void TurnPage(Game& g) {
 void TallyBankroll(Game& g) {
   const Money bankroll = g.BetAmount[SlotBankroll];
   g.BankrollRollSum = SaturatingSum(g.BankrollRollSum, bankroll);
+  const double result = (bankroll - g.BetAtThrow[SlotBankroll]).ToDouble();
+  g.RollResultSquares += result * result;
+  ++g.RollResults;
   g.BankrollHigh = std::max(g.BankrollHigh, bankroll);
   g.BankrollLow = std::min(g.BankrollLow, bankroll);
 }
@@ -96,6 +99,7 @@ Money MovingAverage(const Game& g, int rollsBack, int period) {
 }
 
 void ResetStatistics(Game& g) {
+  BringUpToDate(g);  // which leaves nothing in the ledger
   g.RollEventCount.fill(0);
   g.RollsSinceEvent.fill(0);
   for (auto& gaps : g.RollGapHistogram) gaps.fill(0);
@@ -108,15 +112,19 @@ void ResetStatistics(Game& g) {
   g.BetLosses = {};
   g.DecidedCount = 0;
   g.BetStreak = {};
+  g.LongestLosingRun = g.LongestLosingBet = 0;
   g.HandStats.fill(0);
   const Money bankroll = g.BetAmount[SlotBankroll];
   g.BankrollHigh = g.BankrollLow = g.GraphHigh = g.GraphLow = bankroll;
   g.BankrollRollSum = Money();
+  g.RollResultSquares = 0;
+  g.RollResults = 0;
   g.BankrollHistory = {};
   g.BankrollHistory[0] = Dollars(1);
   g.BankrollHistoryCount = 0;
   g.GraphUnit = Dollars(1);
   g.GraphTop = Dollars(150);
+  StartCounting(g);
 }
 
 }  // namespace rollwick

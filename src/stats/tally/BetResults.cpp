@@ -1,11 +1,11 @@
-// What every bet earned: the wagers really made and the phantom dollar on every spot.
+// What the wagers really made earned, bet by bet, and what the last roll decided.
 #include "stats/tally/Tally.h"
 
 namespace rollwick {
 
 namespace {
 
-inline void AddDecision(BetStatRow& row, Money amount) {
+void AddDecision(BetStatRow& row, Money amount) {
   row[TotalCount] += Dollars(1);
   row[TotalAmount] += amount;
   if (amount > row[HighAmount]) row[HighAmount] = amount;
@@ -14,33 +14,25 @@ inline void AddDecision(BetStatRow& row, Money amount) {
   row[LastRollCount] = Dollars(1);
 }
 
-inline void AddDecision(Game& g, BetStatKind kind, BetId bet, bool won, Money wager, Money result) {
-  BetStatRow& results = won ? g.BetWins[kind][bet] : g.BetLosses[kind][bet];
-  if (results[LastRollCount] == Money()) {
-    g.DecidedBets[g.DecidedCount++] = kind << 8 | bet << 1 | (won ? 0 : 1);
-  }
-  AddDecision(g.BetWagers[kind][bet], wager);
-  AddDecision(results, result);
-}
-
 // What the decision adds to the wager: the vig, if this kind of vig is charged on this result.
-Money VigOnWager(const Game& g, BetStatKind kind, BetId bet, Money result) {
+Money VigOnWager(const Game& g, BetId bet, Money result) {
   const bool won = result > Money();
-  if (IsLay(bet) && (won || g.Rules.LayVigOnAll)) {
-    return kind == ActualWagers ? g.LayVigAmount[bet] : PhantomLayVig(g, bet);
-  }
-  if (IsBuy(bet) && (won || g.Rules.BuyVigOnAll)) {
-    return kind == ActualWagers ? g.BuyVigAmount[bet] : g.Rules.BuyVigPct;
-  }
+  if (IsLay(bet) && (won || g.Rules.LayVigOnAll)) return g.LayVigAmount[bet];
+  if (IsBuy(bet) && (won || g.Rules.BuyVigOnAll)) return g.BuyVigAmount[bet];
   return {};
 }
 
-// A phantom bet on a number is there only after it has travelled; a house with put bets lets a Come bet start
-// there.
-bool PhantomIsAbsent(const Game& g, BetId bet) {
-  if (bet < Bet::DontCome4 || bet > Bet::Come10Odds) return false;
-  if (g.BetWagers[PhantomWagers][bet][InPlay] != Money()) return false;
-  return bet < Bet::Come4 || !g.Rules.AllowPutBets;
+// A bet's run of results as it stood before the roll. Only bets decided in the last roll differ, but in a
+// game from a file any may.
+void KeepStreaks(Game& g) {
+  if (g.TheLedger.Events.Stage == RollStage::None) {
+    for (auto& [before, now] : g.BetStreak) before = now;
+    return;
+  }
+  for (int i = 0; i < g.DecidedCount; ++i) {
+    auto& [before, now] = g.BetStreak[static_cast<std::size_t>(g.DecidedBets[i] >> 1 & 127)];
+    before = now;
+  }
 }
 
 void ClearRollResult(BetStatRow& row) {
@@ -58,41 +50,29 @@ void ClearRollResults(StatisticsTables& g) {
   g.DecidedCount = 0;
 }
 
-void SetPhantomPresence(Game& g, int number, Money present) {
-  for (const BetId bet : {DontComeOn(number), DontComeOddsOn(number), ComeOn(number), ComeOddsOn(number)}) {
-    g.BetWagers[PhantomWagers][bet][InPlay] = present;
-  }
-}
-
 void AddRow(BetStatRow& sum, const BetStatRow& row) {
   for (int field = 0; field < kBetStatFieldCount; ++field) sum[field] += row[field];
 }
 
 }  // namespace
 
-Money PhantomLayVig(const Game& g, BetId bet) {
-  const PayoffRow& row = g.PayoffTable[bet];
-  return Money::FromDouble(row.Ratio.ToDouble() / row.Base.ToDouble() * g.Rules.LayVigPct.ToDouble());
+void MarkDecided(StatisticsTables& g, BetStatKind kind, BetId bet, bool won) {
+  g.DecidedBets[g.DecidedCount++] = kind << 8 | bet << 1 | (won ? 0 : 1);
 }
 
-void RecordBetDecision(Game& g, BetStatKind kind, BetId bet, Money wager, Money result) {
+void RecordBetDecision(Game& g, BetId bet, Money wager, Money result) {
   if (result == Money()) return;
-  if (kind == PhantomWagers && PhantomIsAbsent(g, bet)) return;
-  AddDecision(g, kind, bet, result > Money(), wager + VigOnWager(g, kind, bet, result), Abs(result));
-}
-
-void RecordPhantomLoss(Game& g, BetId bet) {
-  if (!PhantomIsAbsent(g, bet)) AddDecision(g, PhantomWagers, bet, false, Dollars(1), Dollars(1));
+  const bool won = result > Money();
+  BetStatRow& results = (won ? g.BetWins : g.BetLosses)[ActualWagers][bet];
+  if (results[LastRollCount] == Money()) MarkDecided(g, ActualWagers, bet, won);
+  AddDecision(g.BetWagers[ActualWagers][bet], wager + VigOnWager(g, bet, result));
+  AddDecision(results, Abs(result));
 }
 
 void StartRollResults(Game& g) {
-  for (auto& [before, now] : g.BetStreak) before = now;
+  KeepStreaks(g);
   ClearRollResults(g);
-  if (g.DiceTotal == 7) {
-    for (auto& row : g.BetWagers[PhantomWagers]) row[InPlay] = Money();
-  } else if (IsBoxNumber(g.DiceTotal)) {
-    SetPhantomPresence(g, g.DiceTotal, Dollars(g.PointBeforeRoll > 0 ? 1 : 0));
-  }
+  MovePhantoms(g);
 }
 
 void SumBetResults(Game& g, bool clearFirst, BetId firstBet, BetId lastBet) {

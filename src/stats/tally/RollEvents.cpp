@@ -1,4 +1,7 @@
-// Which events a roll is, and their counters.
+// Which events a roll is, and their counters: marks by roll number while a run lasts, entered in the tables
+// before they are read.
+#include <algorithm>
+
 #include "stats/tally/Tally.h"
 
 namespace rollwick {
@@ -42,16 +45,41 @@ constexpr RollEvent kGroups[15][7] = {
     {},
 };
 
-void TallyIfAny(StatisticsTables& g, RollEvent event) {
-  if (event != 0) TallyRollEvent(g, event);
+// Every event of two dice, each once.
+struct EventsOfDice {
+  std::int32_t count = 0;
+  std::array<RollEvent, 16> events{};
+
+  constexpr void Add(RollEvent event) {
+    if (event != 0) events[static_cast<std::size_t>(count++)] = event;
+  }
+};
+
+constexpr EventsOfDice EventsOf(int die1, int die2) {
+  EventsOfDice dice;
+  const int total = die1 + die2;
+  const PairEvents pair = kPairEvents[die1][die2];
+  dice.Add(EventDie1 + die1);
+  if (EventDie2 + die2 != EventDie1 + die1) dice.Add(EventDie2 + die2);  // a 7 on die 1 is a 1 on die 2
+  dice.Add(pair.ordered);
+  if (total >= 3 && total <= 11) dice.Add(total);
+  dice.Add(pair.either);
+  for (const RollEvent group : kGroups[total]) dice.Add(group);
+  return dice;
 }
 
-}  // namespace
+constexpr auto kEventsOf = [] {
+  std::array<std::array<EventsOfDice, 8>, 8> events{};
+  for (int die1 = 1; die1 <= 7; ++die1) {
+    for (int die2 = 1; die2 <= 7; ++die2) {
+      events[static_cast<std::size_t>(die1)][static_cast<std::size_t>(die2)] = EventsOf(die1, die2);
+    }
+  }
+  return events;
+}();
 
-void TallyRollEvent(StatisticsTables& g, RollEvent event) {
-  ++g.RollEventCount[event];
-  ++g.TrackedEventCount[event];
-  const std::int32_t gap = g.RollsSinceEvent[event];
+void TallyEvent(StatisticsTables& g, EventMark& mark, RollEvent event, std::int32_t now) {
+  const std::int32_t gap = now - mark.Hit;
   auto& histogram = g.RollGapHistogram[event];
   if (gap >= kGapCount - 1) {
     ++histogram[kGapCount - 1];
@@ -59,38 +87,91 @@ void TallyRollEvent(StatisticsTables& g, RollEvent event) {
   } else {
     ++histogram[gap];
   }
-  g.RollsSinceEvent[event] = 0;
-  g.TrackedRollBase[event] = 0;
+  mark = {now, now, mark.Tracked, mark.Count + 1};
+}
+
+// Events 0 and 1 are tracked on every roll.
+std::int32_t TrackedCount(const Game& g, RollEvent event) {
+  const EventMarks& events = g.TheLedger.Events;
+  return (event <= EventTrackedRolls ? g.RollCount() : events.Marks[event].Count) +
+         events.TrackedOffset[event];
+}
+
+}  // namespace
+
+void StartEventMarks(Game& g) {
+  EventMarks& events = g.TheLedger.Events;
+  const std::int32_t now = g.RollCount();
+  events.Stage = RollStage::None;
+  for (RollEvent event = 0; event < kRollEventCount; ++event) {
+    const std::int32_t tracked = now - g.TrackedRollBase[event];
+    events.Marks[event] = {now - g.RollsSinceEvent[event], tracked, tracked, g.RollEventCount[event]};
+    events.TrackedOffset[event] = 0;
+    events.TrackedOffset[event] = g.TrackedEventCount[event] - TrackedCount(g, event);
+  }
 }
 
 void TallyRoll(Game& g) {
-  ++g.RollCount();
+  EventMarks& events = g.TheLedger.Events;
+  const std::int32_t now = ++g.RollCount();
   ++g.HandStats[HandRolls];
   if (g.PointBeforeRoll == 0) ++g.HandStats[ComeOutRolls];
-  ++g.TrackedEventCount[EventEveryRoll];
-  ++g.TrackedEventCount[EventTrackedRolls];
-  for (RollEvent event = 1; event < kRollEventCount; ++event) {
-    ++g.RollsSinceEvent[event];
-    ++g.TrackedRollBase[event];
+  const EventsOfDice& dice = kEventsOf[static_cast<std::size_t>(g.Die1)][static_cast<std::size_t>(g.Die2)];
+  for (std::int32_t i = 0; i < dice.count; ++i) {
+    const RollEvent event = dice.events[static_cast<std::size_t>(i)];
+    TallyEvent(g, events.Marks[event], event, now);
   }
-  const int total = g.DiceTotal;
-  const PairEvents pair = kPairEvents[g.Die1][g.Die2];
-  const RollEvent die1 = EventDie1 + g.Die1;
-  const RollEvent die2 = EventDie2 + g.Die2;
-  TallyRollEvent(g, die1);
-  if (die2 != die1) TallyRollEvent(g, die2);  // a 7 on die 1 shares its event with a 1 on die 2
-  TallyIfAny(g, pair.ordered);
-  if (total >= 3 && total <= 11) TallyRollEvent(g, total);
-  TallyIfAny(g, pair.either);
-  for (const RollEvent group : kGroups[total]) TallyIfAny(g, group);
+  events.Stage = RollStage::Counted;
+}
+
+std::int32_t RollsSince(const Game& g, RollEvent event) {
+  const EventMarks& events = g.TheLedger.Events;
+  const bool isMarked = events.Stage != RollStage::None && event != EventEveryRoll;
+  return isMarked ? g.RollCount() - events.Marks[event].Hit : g.RollsSinceEvent[event];
+}
+
+TrackedEvent Tracked(const Game& g, RollEvent event) {
+  const EventMarks& events = g.TheLedger.Events;
+  if (events.Stage == RollStage::None) {
+    return {g.TrackedEventCount[event], g.TrackedEventCountBefore[event], g.TrackedRollBase[event],
+            g.TrackedRollBaseBefore[event]};
+  }
+  const EventMark& mark = events.Marks[event];
+  const std::int32_t now = g.RollCount();
+  const std::int32_t count = TrackedCount(g, event);
+  // The rolls-since counter of the event that is every roll is not used.
+  const std::int32_t rolls = event == EventEveryRoll ? g.TrackedRollBase[event] : now - mark.Tracked;
+  if (events.Stage == RollStage::Begun) return {count, count, rolls, rolls};
+  const bool isHit = event <= EventTrackedRolls || mark.Hit == now;
+  const std::int32_t rollsBefore = now - 1 - (mark.Hit == now ? mark.TrackedBefore : mark.Tracked);
+  // Reset in this very roll, both stand at 0.
+  return {count, std::max(count - (isHit ? 1 : 0), 0), rolls,
+          event == EventEveryRoll ? rolls : std::max(rollsBefore, 0)};
+}
+
+void EnterEvents(Game& g) {
+  const EventMarks& events = g.TheLedger.Events;
+  if (events.Stage == RollStage::None) return;
+  for (RollEvent event = 0; event < kRollEventCount; ++event) {
+    const TrackedEvent tracked = Tracked(g, event);
+    g.TrackedEventCount[event] = tracked.Count;
+    g.TrackedEventCountBefore[event] = tracked.CountBefore;
+    g.TrackedRollBase[event] = tracked.RollsSince;
+    g.TrackedRollBaseBefore[event] = tracked.RollsSinceBefore;
+    g.RollsSinceEvent[event] = RollsSince(g, event);
+    if (event != EventEveryRoll) g.RollEventCount[event] = events.Marks[event].Count;
+  }
 }
 
 void CountPrevRolls(Game& g) {
-  g.TrackedEventCountBefore = g.TrackedEventCount;
-  g.TrackedRollBaseBefore = g.TrackedRollBase;
+  g.TheLedger.Events.Stage = RollStage::Begun;
 }
 
 void ResetTrackedEvent(Game& g, RollEvent event) {
+  EventMarks& events = g.TheLedger.Events;
+  EventMark& mark = events.Marks[event];
+  mark.Tracked = mark.TrackedBefore = g.RollCount();
+  events.TrackedOffset[event] = -mark.Count;
   g.TrackedEventCount[event] = g.TrackedEventCountBefore[event] = 0;
   g.TrackedRollBase[event] = g.TrackedRollBaseBefore[event] = 0;
 }

@@ -5,20 +5,36 @@
 
 namespace rollwick {
 
-// One occurrence of `event` (2..89) with its gap.
-void TallyRollEvent(StatisticsTables& g, RollEvent event);
+// While a run lasts its rolls stand in the ledger, and the tables of roll events and of phantom wagers lag
+// behind. StartCounting begins a run at the tables as they stand, sets of bets included; BringUpToDate enters
+// in them what the ledger holds, and comes before anybody reads them or rules change. Between runs they are
+// up to date.
+void StartCounting(Game& g);
+void BringUpToDate(Game& g);
 
 // Counts the roll itself and every event the dice are: faces, pair, total, groups. A face of 7 is counted as
 // a face and within the totals 8 to 11, but belongs to no pair.
 void TallyRoll(Game& g);
 
-// One decision of a bet. `result` is the signed net, 0 records nothing; `wager` is the stake, to which the
-// vig is added when the decision charges it. Phantom Come and Don't Come bets count only once they have
-// travelled to their number.
-void RecordBetDecision(Game& g, BetStatKind kind, BetId bet, Money wager, Money result);
+// RollsSinceEvent of `event` (0..90), up to date in a run too.
+std::int32_t RollsSince(const Game& g, RollEvent event);
 
-// The commonest decision: a phantom dollar lost on a bet that costs no vig.
-void RecordPhantomLoss(Game& g, BetId bet);
+// The tracked counters of `event` (0..90), now and before this roll, up to date in a run too.
+struct TrackedEvent {
+  std::int32_t Count = 0;
+  std::int32_t CountBefore = 0;
+  std::int32_t RollsSince = 0;
+  std::int32_t RollsSinceBefore = 0;
+};
+TrackedEvent Tracked(const Game& g, RollEvent event);
+
+// One decision of chips on `bet`. `result` is the signed net, 0 records nothing; `wager` is the stake, to
+// which the vig is added when the decision charges it.
+void RecordBetDecision(Game& g, BetId bet, Money wager, Money result);
+
+// Puts a decision of this roll, the first of its kind, bet and result, on the list of what the next roll
+// clears.
+void MarkDecided(StatisticsTables& g, BetStatKind kind, BetId bet, bool won);
 
 // The vig on a phantom Lay bet of one dollar: of what it would win, unrounded.
 Money PhantomLayVig(const Game& g, BetId bet);
@@ -33,7 +49,7 @@ void CountBarPush(Game& g);
 // PointBeforeRoll.
 void StartRollResults(Game& g);
 
-// Copies the tracked counters to their values "before this roll".
+// From here on the tracked counters as they stand are those "before this roll".
 void CountPrevRolls(Game& g);
 
 // At the end of a settled roll: sum, high and low of the bankroll.
@@ -52,6 +68,25 @@ void ResetStatistics(Game& g);
 
 // Zeroes the tracked counters of one event, now and before.
 void ResetTrackedEvent(Game& g, RollEvent event);
+
+// ---- The phantom wagers in the ledger.
+
+// The cell of a throw with this line point (0 on the come-out) and these faces (1..7).
+int LineCell(int point, int die1, int die2);
+// The cell of the phantom Come and Don't Come bets of the number in place 0..5, of which `presence` tells as
+// the ledger does which are there, when the number or a seven is rolled.
+int TravelCell(int place, int presence, bool onSeven);
+// Where the decisions of a cell are to be written when they are not known yet; they are kept until rules
+// change.
+CellDecisions& DecisionsOf(Game& g, int cell);
+// Adds the decision of a phantom dollar on `bet` by `result` (0 adds none) to a cell's.
+void AddDecision(Game& g, CellDecisions& cell, BetId bet, Money result);
+// Counts this roll under the cell.
+void CountRollIn(Game& g, int cell);
+// Used by the procedures above.
+void StartEventMarks(Game& g);
+void EnterEvents(Game& g);
+void MovePhantoms(Game& g);
 
 // Sums rows firstBet..lastBet (1..83) of the actual kind into the work row (actual, bet 0), zeroed first if
 // told so.

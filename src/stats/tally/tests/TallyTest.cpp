@@ -16,6 +16,7 @@ void Throw(Game& g, int die1, int die2) {
   g.Die2 = die2;
   g.DiceTotal = die1 + die2;
   TallyRoll(g);
+  BringUpToDate(g);
 }
 
 TEST(RollEvents, EveryRollIsExactlyItsEvents) {
@@ -145,14 +146,14 @@ BetStatRow Row(int count, Money total, Money high, Money low, Money last) {
 TEST(BetResults, AmountsOfDecisions) {
   TestTable t;
   Game& g = t.g;
-  RecordBetDecision(g, ActualWagers, Bet::Field, Dollars(5), Money());
+  RecordBetDecision(g, Bet::Field, Dollars(5), Money());
   EXPECT_EQ(g.BetWagers[ActualWagers][Bet::Field], BetStatRow{}) << "a push is no decision";
-  RecordBetDecision(g, ActualWagers, Bet::Field, Dollars(5), Dollars(10));
+  RecordBetDecision(g, Bet::Field, Dollars(5), Dollars(10));
   EXPECT_EQ(g.BetWagers[ActualWagers][Bet::Field], Row(1, Dollars(5), Dollars(5), Dollars(5), Dollars(5)));
   EXPECT_EQ(g.BetWins[ActualWagers][Bet::Field], Row(1, Dollars(10), Dollars(10), Dollars(10), Dollars(10)));
   EXPECT_EQ(g.BetLosses[ActualWagers][Bet::Field], BetStatRow{}) << "the low stays 0 until there is one";
-  RecordBetDecision(g, ActualWagers, Bet::Field, Dollars(3), Dollars(-3));
-  RecordBetDecision(g, ActualWagers, Bet::Field, Dollars(9), Dollars(-9));
+  RecordBetDecision(g, Bet::Field, Dollars(3), Dollars(-3));
+  RecordBetDecision(g, Bet::Field, Dollars(9), Dollars(-9));
   EXPECT_EQ(g.BetWagers[ActualWagers][Bet::Field], Row(3, Dollars(17), Dollars(9), Dollars(3), Dollars(9)));
   EXPECT_EQ(g.BetLosses[ActualWagers][Bet::Field], Row(2, Dollars(12), Dollars(9), Dollars(3), Dollars(9)));
   EXPECT_EQ(g.BetWagers[PhantomWagers][Bet::Field], BetStatRow{});
@@ -166,26 +167,19 @@ TEST(BetResults, AmountsOfDecisions) {
 TEST(BetResults, TheVigJoinsTheWager) {
   struct Row {
     const char* name;
-    BetStatKind kind;
     BetId bet;
     bool onAll;
     int result;
     const char* wager;
   };
   constexpr Row kRows[] = {
-      {"Lay 4 won, on all", ActualWagers, Bet::Lay4, true, 19, "43"},
-      {"Lay 4 lost, on all", ActualWagers, Bet::Lay4, true, -43, "43"},
-      {"Lay 4 won, on wins", ActualWagers, Bet::Lay4, false, 19, "43"},
-      {"Lay 4 lost, on wins", ActualWagers, Bet::Lay4, false, -40, "40"},
-      {"Buy 10 won, on all", ActualWagers, Bet::Buy10, true, 49, "42"},
-      {"Buy 10 lost, on wins", ActualWagers, Bet::Buy10, false, -40, "40"},
-      {"Place 4 has none", ActualWagers, Bet::Place4, true, 72, "40"},
-      {"phantom Lay 4", PhantomWagers, Bet::Lay4, true, 1, "40.025"},
-      {"phantom Lay 5", PhantomWagers, Bet::Lay5, true, -1, "40.0333"},
-      {"phantom Lay 6", PhantomWagers, Bet::Lay6, true, 1, "40.0417"},
-      {"phantom Lay 6 lost, on wins", PhantomWagers, Bet::Lay6, false, -1, "40"},
-      {"phantom Buy 4", PhantomWagers, Bet::Buy4, true, -1, "40.05"},
-      {"phantom Buy 4 lost, on wins", PhantomWagers, Bet::Buy4, false, -1, "40"},
+      {"Lay 4 won, on all", Bet::Lay4, true, 19, "43"},
+      {"Lay 4 lost, on all", Bet::Lay4, true, -43, "43"},
+      {"Lay 4 won, on wins", Bet::Lay4, false, 19, "43"},
+      {"Lay 4 lost, on wins", Bet::Lay4, false, -40, "40"},
+      {"Buy 10 won, on all", Bet::Buy10, true, 49, "42"},
+      {"Buy 10 lost, on wins", Bet::Buy10, false, -40, "40"},
+      {"Place 4 has none", Bet::Place4, true, 72, "40"},
   };
   for (const Row& row : kRows) {
     SCOPED_TRACE(row.name);
@@ -193,14 +187,68 @@ TEST(BetResults, TheVigJoinsTheWager) {
     t.g.Rules.BuyVigOnAll = t.g.Rules.LayVigOnAll = row.onAll;
     t.g.LayVigAmount[Bet::Lay4] = Dollars(3);
     t.g.BuyVigAmount[Bet::Buy10] = Dollars(2);
-    RecordBetDecision(t.g, row.kind, row.bet, Dollars(40), Dollars(row.result));
-    EXPECT_EQ(PlainText(t.g.BetWagers[row.kind][row.bet][TotalAmount]), row.wager);
-    EXPECT_EQ((row.result > 0 ? t.g.BetWins : t.g.BetLosses)[row.kind][row.bet][TotalAmount],
+    RecordBetDecision(t.g, row.bet, Dollars(40), Dollars(row.result));
+    EXPECT_EQ(PlainText(t.g.BetWagers[ActualWagers][row.bet][TotalAmount]), row.wager);
+    EXPECT_EQ((row.result > 0 ? t.g.BetWins : t.g.BetLosses)[ActualWagers][row.bet][TotalAmount],
               Abs(Dollars(row.result)));
   }
 }
 
-TEST(BetResults, PhantomBetsOnNumbersTravelFirst) {
+// What the ledger says when it is read, of phantom dollars decided one by one.
+struct Phantoms {
+  TestTable t;
+  Game& g = t.g;
+
+  Phantoms() { StartCounting(g); }
+  void Decide(BetId bet, Money result) {
+    CellDecisions& cell = DecisionsOf(g, 0);
+    cell.Count = 0;
+    AddDecision(g, cell, bet, result);
+    ++g.RollCount();
+    g.TheLedger.Events.Stage = RollStage::Counted;
+    g.BetsInAction.Set(bet);
+    CountRollIn(g, 0);
+    BringUpToDate(g);
+  }
+};
+
+TEST(Phantoms, TheVigJoinsTheDollar) {
+  struct Row {
+    const char* name;
+    BetId bet;
+    bool onAll;
+    int result;
+    const char* wager;
+  };
+  constexpr Row kRows[] = {
+      {"Lay 4", Bet::Lay4, true, 1, "1.025"},  {"Lay 5", Bet::Lay5, true, -1, "1.0333"},
+      {"Lay 6", Bet::Lay6, true, 1, "1.0417"}, {"Lay 6 lost, on wins", Bet::Lay6, false, -1, "1"},
+      {"Buy 4", Bet::Buy4, true, -1, "1.05"},  {"Buy 4 lost, on wins", Bet::Buy4, false, -1, "1"},
+      {"Place 4", Bet::Place4, true, 1, "1"},
+  };
+  for (const Row& row : kRows) {
+    SCOPED_TRACE(row.name);
+    Phantoms p;
+    p.g.Rules.BuyVigOnAll = p.g.Rules.LayVigOnAll = row.onAll;
+    p.Decide(row.bet, Dollars(row.result));
+    EXPECT_EQ(PlainText(p.g.BetWagers[PhantomWagers][row.bet][TotalAmount]), row.wager);
+  }
+}
+
+TEST(Phantoms, AmountsOfDecisions) {
+  Phantoms p;
+  const auto rows = [&](const BetStatTable& table) { return table[PhantomWagers][Bet::Field]; };
+  p.Decide(Bet::Field, Money());
+  EXPECT_EQ(rows(p.g.BetWagers), BetStatRow{}) << "a push is no decision";
+  p.Decide(Bet::Field, Dollars(2));
+  p.Decide(Bet::Field, Dollars(-1));
+  p.Decide(Bet::Field, Dollars(1));
+  EXPECT_EQ(rows(p.g.BetWagers), Row(3, Dollars(3), Dollars(1), Dollars(1), Dollars(1)));
+  BetStatRow won = Row(2, Dollars(3), Dollars(2), Dollars(1), Dollars(1));
+  EXPECT_EQ(rows(p.g.BetWins), won);
+}
+
+TEST(Phantoms, BetsOnNumbersTravelFirst) {
   struct Row {
     const char* name;
     int total, pointBefore;
@@ -224,27 +272,15 @@ TEST(BetResults, PhantomBetsOnNumbersTravelFirst) {
     for (const BetId bet : {7, 13, 19, 25}) {
       t.g.BetWagers[PhantomWagers][bet][InPlay] = Dollars(row.wasThere ? 1 : 0);
     }
+    StartCounting(t.g);
     t.g.DiceTotal = row.total;
     t.g.PointBeforeRoll = row.pointBefore;
     StartRollResults(t.g);
+    BringUpToDate(t.g);
     for (const BetId bet : {7, 13, 19, 25}) {
       EXPECT_EQ(t.g.BetWagers[PhantomWagers][bet][InPlay], Dollars(row.isThere ? 1 : 0)) << BetName(bet);
-      RecordBetDecision(t.g, PhantomWagers, bet, Dollars(1), Dollars(1));
-      EXPECT_EQ(t.g.BetWins[PhantomWagers][bet][TotalCount], Dollars(row.isThere ? 1 : 0)) << BetName(bet);
     }
   }
-}
-
-TEST(BetResults, PutBetsLetAComeBetStartOnItsNumber) {
-  TestTable t;
-  t.g.Rules.AllowPutBets = true;
-  for (const BetId bet : {7, 13, 19, 25}) {
-    RecordBetDecision(t.g, PhantomWagers, bet, Dollars(1), Dollars(-1));
-    EXPECT_EQ(t.g.BetLosses[PhantomWagers][bet][TotalCount], Dollars(bet >= 19 ? 1 : 0)) << BetName(bet);
-  }
-  RecordBetDecision(t.g, ActualWagers, Bet::DontCome4, Dollars(5), Dollars(5));
-  EXPECT_EQ(t.g.BetWins[ActualWagers][Bet::DontCome4][TotalCount], Dollars(1))
-      << "real chips are always there";
 }
 
 TEST(BetResults, StreaksAreKeptAsBeforeTheRoll) {
@@ -257,10 +293,10 @@ TEST(BetResults, StreaksAreKeptAsBeforeTheRoll) {
 TEST(BetResults, SumsOfActualBets) {
   TestTable t;
   Game& g = t.g;
-  RecordBetDecision(g, ActualWagers, 1, Dollars(4), Dollars(2));
-  RecordBetDecision(g, ActualWagers, 49, Dollars(5), Dollars(-5));
-  RecordBetDecision(g, ActualWagers, 83, Dollars(7), Dollars(210));
-  RecordBetDecision(g, PhantomWagers, 49, Dollars(1), Dollars(1));
+  RecordBetDecision(g, 1, Dollars(4), Dollars(2));
+  RecordBetDecision(g, 49, Dollars(5), Dollars(-5));
+  RecordBetDecision(g, 83, Dollars(7), Dollars(210));
+  g.BetWagers[PhantomWagers][49][TotalAmount] = Dollars(1);
   const auto sum = [&](const BetStatTable& table) { return table[ActualWagers][0][TotalAmount]; };
   SumBetResults(g, true, 1, 83);
   EXPECT_EQ(sum(g.BetWagers), Dollars(16));

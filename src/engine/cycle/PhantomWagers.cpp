@@ -1,0 +1,83 @@
+// A roll entered under its kinds, and the decisions of a kind worked out once by the rules of the table.
+#include "engine/cycle/PhantomWagers.h"
+
+#include <algorithm>
+
+#include "engine/bets/Payoffs.h"
+#include "engine/cycle/RollCalls.h"
+#include "stats/tally/Tally.h"
+
+namespace rollwick {
+
+namespace {
+
+constexpr bool HasToTravel(BetId bet) {
+  return bet >= Bet::DontCome4 && bet <= Bet::Come10Odds;
+}
+
+// A phantom bet on a number is there only after it has travelled; a house with put bets lets a Come bet start
+// there. The bits of a presence are the groups of six bets in their order.
+bool IsThere(const Game& g, BetId bet, int presence) {
+  if (bet >= Bet::Come4 && g.Rules.AllowPutBets) return true;
+  return (presence >> (bet - Bet::DontCome4) / 6 & 1) != 0;
+}
+
+const RollCalls& CallsOnDice(const Game& g) {
+  return CallsOf(g.PointBeforeRoll, g.Die1, g.Die2, g.Rules.BarNumber);
+}
+
+// Works out the decisions of a cell: of the calls on these dice, those of the bets that `isMeant` tells.
+template <class IsMeant>
+void Price(Game& g, CellDecisions& cell, IsMeant isMeant) {
+  const RollCalls& calls = CallsOnDice(g);
+  cell.Count = 0;
+  for (std::int32_t i = 0; i < calls.Count; ++i) {
+    const auto [bet, result] = calls.Calls[static_cast<std::size_t>(i)];
+    if (!IsBet(bet) || !isMeant(bet)) continue;
+    ComputePayoff(g, false, bet, result, Dollars(1));
+    AddDecision(g, cell, bet, g.PayoffExact);
+  }
+}
+
+template <class IsMeant>
+void Count(Game& g, int cell, IsMeant isMeant) {
+  CellDecisions& decisions = DecisionsOf(g, cell);
+  if (decisions.Count == kNotPriced) Price(g, decisions, isMeant);
+  if (decisions.Count > 0) CountRollIn(g, cell);
+}
+
+bool IsOnLine(BetId bet) {
+  return !HasToTravel(bet);
+}
+
+int LineCellOfDice(const Game& g) {
+  return LineCell(g.PointBeforeRoll, g.Die1, g.Die2);
+}
+
+void CountTravelled(Game& g, int number, bool onSeven) {
+  const int place = BoxPlace(number);
+  const int presence = g.TheLedger.Phantoms.Presence[static_cast<std::size_t>(place)];
+  Count(g, TravelCell(place, presence, onSeven),
+        [&](BetId bet) { return HasToTravel(bet) && NumberOf(bet) == number && IsThere(g, bet, presence); });
+}
+
+}  // namespace
+
+void CountPhantoms(Game& g) {
+  Count(g, LineCellOfDice(g), IsOnLine);
+  if (g.DiceTotal == 7) {
+    for (const int number : kBoxNumbers) CountTravelled(g, number, true);
+  } else if (IsBoxNumber(g.DiceTotal)) {
+    CountTravelled(g, g.DiceTotal, false);
+  }
+}
+
+bool PhantomPricesAgree(Game& g) {
+  const CellDecisions& kept = DecisionsOf(g, LineCellOfDice(g));
+  CellDecisions now;
+  Price(g, now, IsOnLine);
+  return std::equal(now.Prices.begin(), now.Prices.begin() + now.Count, kept.Prices.begin(),
+                    kept.Prices.begin() + kept.Count);
+}
+
+}  // namespace rollwick

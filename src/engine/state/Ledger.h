@@ -1,0 +1,133 @@
+// What the rolls of a run have shown and the tables do not hold yet. A roll makes a few marks here;
+// BringUpToDate enters them in the tables before anybody reads those.
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "engine/state/BetSet.h"
+#include "engine/state/BetTables.h"
+#include "engine/state/StatisticsTables.h"
+
+namespace rollwick {
+
+// The roll that is going on, as far as the counters have come with it.
+enum class RollStage : std::int32_t { None, Begun, Counted };
+
+// An event by roll numbers, from which its rolls-since counters follow. A number can lie before the first
+// roll, as a game from a file may have it.
+struct EventMark {
+  std::int32_t Hit = 0;            // when it came last
+  std::int32_t Tracked = 0;        // the same, or when a script reset it
+  std::int32_t TrackedBefore = 0;  // Tracked as it stood before the last hit
+  std::int32_t Count = 0;
+};
+
+struct EventMarks {
+  RollStage Stage = RollStage::None;  // None: the tables hold everything
+  std::array<EventMark, kRollEventCount> Marks{};
+  std::array<std::int32_t, kRollEventCount> TrackedOffset{};  // from an event's count to its tracked count
+};
+
+// ---- Phantom wagers. Which bets a roll decides, and at what price, depends on the line point, the dice, the
+// bets in action and the numbers that phantom Come and Don't Come bets have travelled to. So rolls are
+// counted by these, and decisions only when they are read.
+
+inline constexpr int kPointPlaces = 7;  // the come-out and the six numbers
+inline constexpr int kFaces = 7;        // a generator can deliver a 7
+inline constexpr int kLineCells = kPointPlaces * kFaces * kFaces;
+// A number, which of its four phantom bets are there, and whether it was rolled or a seven.
+inline constexpr int kPresences = 16;
+inline constexpr int kTravelCells = 6 * kPresences * 2;
+inline constexpr int kCellCount = kLineCells + kTravelCells;
+
+// Rolls of one kind.
+struct RollCell {
+  std::int32_t Count = 0;
+  std::int32_t LastRoll = 0;  // roll number of the latest
+};
+
+// The cells of one state of the buttons and defaults: the bets that were in action.
+struct ActionCells {
+  BetSet InAction;
+  std::array<RollCell, kCellCount> Cells{};
+};
+
+// A phantom dollar decided in one way.
+struct PhantomPrice {
+  BetId Bet = 0;
+  bool Won = false;
+  Money Wager;   // with the vig
+  Money Amount;  // won or lost, above 0
+  std::int32_t Count = 0;
+  std::int32_t LastRoll = 0;
+};
+
+inline constexpr int kMostPrices = 512;         // some 230 come up
+inline constexpr int kMostDecisions = 64;       // of one roll
+inline constexpr int kMostActionCells = 16;     // the come-out's, the point's, and odds returned on the come-out
+inline constexpr std::int32_t kNotPriced = -1;  // of a cell whose decisions are not known yet
+
+// Indexes into Prices.
+struct CellDecisions {
+  std::int32_t Count = kNotPriced;
+  std::array<std::int16_t, kMostDecisions> Prices{};
+};
+
+struct PhantomLedger {
+  std::int32_t PriceCount = 0;
+  std::array<PhantomPrice, kMostPrices> Prices{};
+  std::array<CellDecisions, kCellCount> Decisions{};
+
+  std::array<std::int32_t, 6> Presence{};  // by BoxPlace: bit 0 Don't Come, 1 its odds, 2 Come, 3 its odds
+  std::int32_t ActionCount = 0;
+  std::array<ActionCells, kMostActionCells> Actions{};
+  std::int32_t Current = 0;  // of Actions
+  // Cells with rolls in them: place in Actions x kCellCount + cell.
+  std::int32_t TouchedCount = 0;
+  std::array<std::int32_t, kMostActionCells * kCellCount> Touched{};
+};
+
+// ---- Changes of bets that were reckoned before.
+
+// A request, with all that can differ between two equal ones under the same rules.
+struct ChangeRequest {
+  Money Amount;
+  Money Delta;
+  Money Contract;  // of contract bets
+  Money Flat;      // of odds
+  std::int32_t Point = 0;
+  std::int32_t Bias = 0;
+  bool IsTravelling = false;
+  friend bool operator==(const ChangeRequest&, const ChangeRequest&) = default;
+};
+
+// What the rules made of it, before the bankroll was looked at.
+struct KnownChange {
+  bool IsKnown = false;
+  bool IsRefused = false;
+  ChangeRequest Request;
+  Money Applied;
+  Money BetMin;
+  Money BetMax;
+};
+
+inline constexpr std::size_t kKnownChanges = 4;  // of a bet: put up, kept, taken down
+
+// What prices and known changes follow from; when it changes they are worked out anew.
+struct RulesInForce {
+  std::array<PayoffRow, kBetCount + 1> PayoffTable{};
+  std::array<PayoffRow, 22> FieldPayoffTable{};
+  TableRules Rules;
+  std::array<Money, kChipCount> Denominations{};
+  std::int32_t AutoAdjustBetAmounts = 0;
+};
+
+struct Ledger {
+  RulesInForce Rules;
+  EventMarks Events;
+  PhantomLedger Phantoms;
+  std::array<std::array<KnownChange, kKnownChanges>, kBetCount + 1> Changes{};
+};
+
+}  // namespace rollwick
