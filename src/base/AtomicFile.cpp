@@ -2,10 +2,12 @@
 #include "base/AtomicFile.h"
 
 #include <fcntl.h>
+#include <signal.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <charconv>
 #include <cstring>
 #include <system_error>
 
@@ -13,10 +15,12 @@ namespace rollwick {
 
 namespace {
 
+constexpr std::string_view kTemporaryName = ".rollwick-";
+
 // Creates a file of a name that nothing in `folder` has, and puts the name into `path`. -1 with errno on
 // failure.
 int CreateTemporary(const std::filesystem::path& folder, std::filesystem::path& path) {
-  const std::string start = ".rollwick-" + std::to_string(getpid()) + '-';
+  const std::string start = std::string(kTemporaryName) + std::to_string(getpid()) + '-';
   for (int attempt = 0;; ++attempt) {
     path = folder / (start + std::to_string(attempt));
     const int descriptor = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
@@ -47,14 +51,32 @@ int WriteInto(const std::filesystem::path& device, std::string_view bytes) {
 
 int SyncFolder(const std::filesystem::path& folder) {
   const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (descriptor < 0) return errno;
+  if (descriptor < 0) return errno == EACCES ? 0 : errno;  // a folder that may be written and not listed
   int error = fsync(descriptor) == 0 ? 0 : errno;
   if (error == EINVAL) error = 0;  // a file system whose folders need no syncing
   close(descriptor);
   return error;
 }
 
+// Whether `name` is that of a temporary whose process is gone.
+bool IsAbandoned(std::string_view name) {
+  if (!name.starts_with(kTemporaryName)) return false;
+  name.remove_prefix(kTemporaryName.size());
+  pid_t process = 0;
+  const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), process);
+  if (error != std::errc() || end == name.data() + name.size() || *end != '-') return false;
+  return process > 0 && kill(process, 0) != 0 && errno == ESRCH;
+}
+
 }  // namespace
+
+void RemoveAbandonedTemporaries(const std::filesystem::path& folder) {
+  std::error_code unreadable;
+  for (std::filesystem::directory_iterator file(folder, unreadable), end; !unreadable && file != end;
+       file.increment(unreadable)) {
+    if (IsAbandoned(file->path().filename().string())) unlink(file->path().c_str());
+  }
+}
 
 std::string SystemErrorText(int error) {
   // Not strerror: it speaks the user's language, and the rest of the table does not.
@@ -82,6 +104,9 @@ std::string SaveWhole(const std::filesystem::path& path, std::string_view bytes)
     const int error = WriteInto(target, bytes);
     return error == 0 ? std::string() : SystemErrorText(error);
   }
+
+  // The folder would let a file that is protected be replaced.
+  if (access(target.c_str(), W_OK) != 0 && errno != ENOENT) return SystemErrorText(errno);
 
   const std::filesystem::path folder = target.has_parent_path() ? target.parent_path() : ".";
   std::filesystem::path temporary;

@@ -20,4 +20,7 @@ int WriteAll(int descriptor, std::string_view bytes);
 // that could not be synced.
 std::string SaveWhole(const std::filesystem::path& path, std::string_view bytes);
 
+// Removes what saves that were killed left in the folder. A folder that is not there has none.
+void RemoveAbandonedTemporaries(const std::filesystem::path& folder);
+
 }  // namespace rollwick

@@ -69,7 +69,9 @@ std::string ByteFile::Open(const std::filesystem::path& path, bool create) {
   const int flags = O_CLOEXEC | O_NONBLOCK;
   descriptor_ = open(path.c_str(), flags | O_RDWR | (create ? O_CREAT : 0), 0666);
   isReadOnly_ = descriptor_ < 0 && (errno == EACCES || errno == EROFS);
+  const int refused = errno;
   if (isReadOnly_) descriptor_ = open(path.c_str(), flags | O_RDONLY);
+  if (isReadOnly_ && descriptor_ < 0 && errno == ENOENT) errno = refused;  // it could not be made
   struct stat status = {};
   int error = descriptor_ < 0 || fstat(descriptor_, &status) != 0 ? errno : 0;
   if (error == 0 && S_ISDIR(status.st_mode)) error = EISDIR;

@@ -76,7 +76,7 @@ Reply ShowComps(Table& table, Arguments) {
   json["CompsUseTrueProbs"] = g.CompsUseTrueProbs;
   json["RollsPerHour"] = PlainText(g.RollsPerHour);
   json["Action"] = PlainText(comps.Action);
-  json["Decisions"] = PlainText(comps.Decisions);
+  json["Decisions"] = comps.Decisions.Units() / Money::kUnitsPerDollar;
   json["HouseEv"] = plain(comps.HouseEv);
   json["ActionTime"] = PlainText(comps.ActionTime);
   json["Hours"] = plain(comps.Hours);

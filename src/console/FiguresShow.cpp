@@ -18,6 +18,10 @@
 #include "figures/Summary.h"
 
 namespace rollwick {
+std::string Cents(Money amount) {
+  return FormatNumber(amount, amount.IsWhole() ? "$#,##0;-$#,##0;$0" : "$#,##0.00;-$#,##0.00;$0");
+}
+
 namespace {
 
 Reply Page(const char* key, Json json, std::string text) {
@@ -92,9 +96,6 @@ std::string Count(std::int64_t count) {
 std::string Cents(double dollars) {
   return FormatNumber(dollars, "$#,##0.00;-$#,##0.00;$0");
 }
-std::string Cents(Money amount) {
-  return FormatNumber(amount, amount.IsWhole() ? "$#,##0;-$#,##0;$0" : "$#,##0.00;-$#,##0.00;$0");
-}
 
 // The index of the word among `names`, its beginning being enough ("11", "dice").
 std::optional<int> FindSet(const std::string& word) {
@@ -151,13 +152,19 @@ std::optional<std::size_t> GraphRow(const BankrollGraph& graph, Money amount, st
 }
 
 // The page as marks: the bankroll as *, its moving average as a dot, seven rolls to a column.
+// Points that lie beyond the scale are told, not drawn.
 std::string GraphForPeople(const BankrollGraph& graph) {
   constexpr std::size_t kRollsPerColumn = 7, kRowsPerLine = 3, kRows = (kScaleLines - 1) * kRowsPerLine + 1;
   std::vector<std::string> rows(kRows, std::string(kGraphPage / kRollsPerColumn, ' '));
+  std::int64_t beyond = 0;
   const auto draw = [&](const std::vector<Money>& points, char mark) {
+    beyond = 0;
     for (std::size_t point = 0; point < points.size(); ++point) {
-      if (const auto row = GraphRow(graph, points[point], kRows))
+      if (const auto row = GraphRow(graph, points[point], kRows)) {
         rows[*row][std::min(point / kRollsPerColumn, rows[*row].size() - 1)] = mark;
+      } else {
+        ++beyond;
+      }
     }
   };
   draw(graph.average, '.');
@@ -168,6 +175,8 @@ std::string GraphForPeople(const BankrollGraph& graph) {
     text += PadLeft(isLine ? FormatMoney(graph.scale[row / kRowsPerLine]) : "", 10) + (isLine ? " +" : " |");
     text += rows[row].substr(0, rows[row].find_last_not_of(' ') + 1) + "\n";
   }
+  if (beyond > 0)
+    text += Count(beyond) + (beyond == 1 ? " roll lies" : " rolls lie") + " above or below this.\n";
   return text;
 }
 
@@ -220,12 +229,18 @@ std::string HandsForPeople(const Game& g) {
   std::string text = Count(completed) + " completed";
   if (completed > 0) {
     text += ", " + FormatNumber(static_cast<double>(hands[CompletedHandRolls]) / completed, "0.00") +
-            " rolls on average, the longest of " + Count(hands[LongestHandRolls]);
+            " rolls on average, the longest of " + Count(std::max(hands[LongestHandRolls], hands[HandRolls]));
   }
   const std::int32_t most = std::max(hands[MostHandPasses], hands[HandPasses]);
   return StoryLine("Hands", text) +
          StoryLine("", Counted(hands[TotalPasses], " pass, ", " passes, ") + Count(most) +
                            " in one hand at the most; " + Counted(hands[TotalMisses], " miss", " misses"));
+}
+
+std::string LosingRunForPeople(const Game& g) {
+  if (g.LongestLosingRun == 0) return {};
+  return StoryLine("Losing run", Counted(g.LongestLosingRun, " decision", " decisions") +
+                                     " at the longest, of " + BetName(g.LongestLosingBet));
 }
 
 }  // namespace
@@ -239,7 +254,7 @@ std::string StoryOfGame(Game& g) {
   const Money average = rolls > 0 ? Quotient(g.BankrollRollSum, Dollars(rolls)) : g.BetAmount[SlotBankroll];
   return StoryLine("", Cents(g.BankrollHigh) + " high, " + Cents(g.BankrollLow) + " low, " + Cents(average) +
                            " average") +
-         ExpectationForPeople(g) + HandsForPeople(g) + BetsForPeople(g);
+         ExpectationForPeople(g) + LosingRunForPeople(g) + HandsForPeople(g) + BetsForPeople(g);
 }
 
 Reply ShowSummary(Table& table, Arguments) {
@@ -335,7 +350,9 @@ Reply ShowGraph(Table& table, Arguments) {
                {"page_before", MoneyList(graph.pageBefore)},
                {"scale", MoneyList(graph.scale)}};
   json.update(FiguresJson(graph.figures));
-  return Page("graph", std::move(json), GraphForPeople(graph) + FiguresForPeople(graph.figures));
+  const std::string average =
+      graph.average.empty() ? "" : "* bankroll   . " + MovingAverageLabel(table.g) + "\n";
+  return Page("graph", std::move(json), GraphForPeople(graph) + average + FiguresForPeople(graph.figures));
 }
 
 }  // namespace rollwick

@@ -170,7 +170,7 @@ Reply ShowMatrix(Table& table, Arguments) {
   Json json;
   json["UseProbabilityMatrix"] = g.UseProbabilityMatrix;
   json["ProbabilityDisplayMode"] = g.ProbabilityDisplayMode;
-  json["ProbabilityRollsOutOf"] = g.ProbabilityRollsOutOf;
+  json["ProbabilityRollsOutOf"] = PlainText(Money::FromDouble(g.ProbabilityRollsOutOf));
   json["ProbabilityName"] = CleanUtf8(g.ProbabilityName);
   json["ProbabilityDirty"] = g.ProbabilityDirty;
   json["ProbabilityKindLabel"] = ProbabilityKindLabel(g);

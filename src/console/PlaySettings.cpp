@@ -109,9 +109,8 @@ Reply RunLog(Table& table, Arguments arguments) {
   std::error_code unknown;
   if (word.empty() || std::filesystem::is_directory(word, unknown))
     return Failure("the Events Log needs the name of a file.");
-  FlushEventsLog(table.g);
-  table.log.Reopen(word);
-  return Done("The Events Log goes to " + word);
+  if (std::string wrong = LogTo(table, word); !wrong.empty()) return Failure(wrong);
+  return Done("The Events Log goes to " + Echo(word));
 }
 
 Reply RunAnswer(Table& table, Arguments arguments) {

@@ -121,11 +121,36 @@ Json GroupJson(const Game& g, SettingGroup group) {
   return json;
 }
 
+// The same with the indexes of arrays: "BetAmount[95..99]", long ones in rows.
+std::string GroupForPeople(const Game& g, SettingGroup group) {
+  constexpr std::size_t kRow = 12;
+  Json rows = Json::object();
+  for (const SettingEntry& entry : ListSettings(g)) {
+    if (entry.group != group) continue;
+    if (!entry.isArray) rows[entry.name] = SettingJson(entry.values[0]);
+    for (std::size_t from = 0; entry.isArray && from < entry.values.size(); from += kRow) {
+      const std::size_t end = std::min(from + kRow, entry.values.size());
+      const auto index = [&](std::size_t place) {
+        return std::to_string(entry.firstIndex + static_cast<int>(place));
+      };
+      Json& row = rows[entry.name + "[" + index(from) + ".." + index(end - 1) + "]"];
+      for (std::size_t place = from; place < end; ++place) row.push_back(SettingJson(entry.values[place]));
+    }
+  }
+  return ForPeople(rows);
+}
+
+Reply ShowGroup(const Game& g, const char* key, SettingGroup group) {
+  Reply reply = Shown({{key, GroupJson(g, group)}});
+  reply.text = GroupForPeople(g, group);
+  return reply;
+}
+
 Reply ShowRules(Table& table, Arguments) {
-  return Shown({{"rules", GroupJson(table.g, SettingGroup::Rules)}});
+  return ShowGroup(table.g, "rules", SettingGroup::Rules);
 }
 Reply ShowSettings(Table& table, Arguments) {
-  return Shown({{"settings", GroupJson(table.g, SettingGroup::Settings)}});
+  return ShowGroup(table.g, "settings", SettingGroup::Settings);
 }
 
 Reply ShowPayoffs(Table& table, Arguments) {

@@ -31,6 +31,7 @@ struct RunResult {
   std::int32_t rng = 0;    // as users count them
   std::int32_t seed = 0;
   Money bankrollAtStart;
+  Money investedAtStart;
   double seconds = 0;
   std::string scriptName;
 
@@ -94,7 +95,7 @@ std::string OpenFiles(Table& table, const CommonOptions& options, const RunOptio
   if (!run.eventsFile.empty()) {
     if (std::filesystem::is_directory(run.eventsFile, unknown))
       return "the Events Log needs the name of a file, not of the folder \"" + Echo(run.eventsFile) + "\".";
-    table.log.Reopen(run.eventsFile);
+    if (std::string wrong = LogTo(table, run.eventsFile); !wrong.empty()) return wrong;
     ChangeSetting(g, "RecordEventsActive", "on");
   }
   if (std::string wrong = PlayWithMatrix(g, options.matrixFile); !wrong.empty()) return wrong;
@@ -156,9 +157,10 @@ std::string ResultForPeople(Table& table, const RunResult& result) {
   text += StoryLine("Script", CleanUtf8(result.scriptName) + ", " + Count(std::ssize(g.ScriptLines)) +
                                   (g.ScriptLines.size() == 1 ? " line" : " lines"));
   const bool hasEarlierGames = result.rolls > g.RollCount();
-  text += StoryLine(
-      "Rolls", Count(result.rolls) +
-                   (hasEarlierGames ? "; what follows is of the last game, of " + Count(g.RollCount()) : ""));
+  const char* const whose = hasEarlierGames                ? "; what follows is of the last game, of "
+                            : result.rolls < g.RollCount() ? "; what follows is of the whole game, of "
+                                                           : nullptr;
+  text += StoryLine("Rolls", Count(result.rolls) + (whose ? whose + Count(g.RollCount()) : ""));
   text +=
       StoryLine("Generator", "RNG #" + std::to_string(result.rng) + ", seed " + std::to_string(result.seed));
   for (const FlagEntry& flag : g.ScriptFlags)
@@ -175,8 +177,12 @@ std::string ResultForPeople(Table& table, const RunResult& result) {
   text +=
       StoryLine("Time", FormatNumber(result.seconds, "#,##0.00") + " s, " +
                             Count(static_cast<std::int64_t>(result.RollsPerSecond())) + " rolls per second");
-  text += StoryLine("Bankroll", FormatMoney(result.bankrollAtStart, "$") + " at the start, " +
-                                    FormatMoney(g.BetAmount[SlotBankroll], "$") + " at the end");
+  const Money fromAtm = g.InvestedBankroll - result.investedAtStart;
+  const bool showsAtm = !hasEarlierGames && fromAtm != Money();
+  text += StoryLine("Bankroll", Cents(result.bankrollAtStart) +
+                                    (hasEarlierGames ? " at the start of the run, " : " at the start, ") +
+                                    (showsAtm ? Cents(fromAtm) + " from the ATM, " : "") +
+                                    Cents(g.BetAmount[SlotBankroll]) + " at the end");
   return text + StoryOfGame(g);
 }
 
@@ -191,6 +197,7 @@ RunResult RunScriptFor(Table& table, std::int32_t rolls, bool initializes) {
   RunResult result{.rng = g.RngChoice + 1,
                    .seed = g.LastSeed,
                    .bankrollAtStart = g.BetAmount[SlotBankroll],
+                   .investedAtStart = g.InvestedBankroll,
                    .scriptName = g.ScriptFileName};
   const auto started = std::chrono::steady_clock::now();
   const bool isAborted = initializes && !RunInitializingScript(g).empty();

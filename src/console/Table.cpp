@@ -6,12 +6,14 @@
 #include <cstdlib>
 #include <system_error>
 
+#include "base/AtomicFile.h"
 #include "base/FormatNumber.h"
 #include "console/Words.h"
 #include "dice/DiceFile.h"
 #include "dice/Draw.h"
 #include "dice/ProbabilityFile.h"
 #include "engine/game/NewGame.h"
+#include "session/EventsLogs.h"
 
 namespace rollwick {
 namespace {
@@ -60,6 +62,7 @@ Table::Table(const CommonOptions& options, const Terminal& terminal)
   } else {
     error_ = SeedWith(g, options.seed);
   }
+  RemoveAbandonedTemporaries(dataFolder_);
   host.ForgetWhatWasSaid();
   host.scriptFolder = dataFolder_;
   host.scriptsMayLeaveIt = options.scriptsMayWrite;
@@ -68,6 +71,11 @@ Table::Table(const CommonOptions& options, const Terminal& terminal)
 
 Table::~Table() {
   FlushEventsLog(g);
+}
+
+std::string LogTo(Table& table, const std::filesystem::path& file) {
+  const std::string wrong = UseEventsLog(table.g, table.log, file);
+  return wrong.empty() ? "" : Echo(file.string()) + ": " + wrong;
 }
 
 std::string DiceFileRefusal(Game& g, const std::filesystem::path& file, bool create) {

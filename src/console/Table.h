@@ -44,6 +44,9 @@ class Table {
   FolderMakingLog log;
 };
 
+// Lets the Events Log go on in `file`. Empty, or what is wrong, with its name.
+std::string LogTo(Table& table, const std::filesystem::path& file);
+
 // Opens the Dice Roll File. Empty, or what is wrong, with its name.
 std::string DiceFileRefusal(Game& g, const std::filesystem::path& file, bool create);
 

@@ -58,7 +58,7 @@ std::optional<Message> LoadProbabilityFile(Game& g, const std::filesystem::path&
                   "Unable to Open Rollwick Probability File", MessagePlain | MessageWarning};
   std::string bytes;
   if (std::string failure = ReadWhole(path, kLongestFile, bytes); !failure.empty()) {
-    refusal.text = std::move(failure);
+    if (failure != SystemErrorText(EFBIG)) refusal.text = std::move(failure);
     return refusal;
   }
   const std::optional<MatrixTable> matrix = ReadMatrix(bytes);

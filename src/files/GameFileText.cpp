@@ -125,6 +125,43 @@ std::string GameFieldPage() {
   return page;
 }
 
+namespace {
+
+// The chips that lie on the table, as many as are there.
+void AddChips(GameFileContent& content, std::string_view bytes) {
+  RecordReader reader(bytes);
+  reader.Seek(RecordOffset(kChipCountRecord) + kChipCountSlot * sizeof(std::int64_t));
+  const std::int64_t count = NearestInt32(reader.Amount().ToDouble()).value_or(0);
+  reader.Seek(RecordOffset(kChipsRecord));
+  for (std::int64_t chip = 0; chip < count; ++chip) {
+    std::string text;
+    for (int part = 0; part < 4; ++part) text += (part == 0 ? "" : " ") + std::to_string(reader.Int16());
+    if (reader.Failed()) return;
+    content.entries.push_back({"Chip[" + std::to_string(chip) + "]", text});
+  }
+}
+
+// How many lines and flags the script had, and the flags' values in two bits, before and now.
+void AddFlags(GameFileContent& content, std::string_view bytes) {
+  const std::size_t start = RecordOffset(kFurtherRecord);
+  RecordReader reader(bytes);
+  reader.Seek(start + kFurtherLineCount);
+  content.entries.push_back({"LineCount", std::to_string(reader.Int32())});
+  reader.Seek(start + kFurtherFlagCount);
+  const std::int32_t flags = reader.Int32();
+  content.entries.push_back({"FlagCount", std::to_string(flags)});
+  for (std::int32_t i = 0; i < std::min(flags, static_cast<std::int32_t>(kMostKeptFlags)); ++i) {
+    const auto byte =
+        static_cast<unsigned char>(bytes[start + kFurtherFlags + static_cast<std::size_t>(i / 2)]);
+    const unsigned nibble = byte >> (i % 2 * 4) & 15U;
+    constexpr const char* kValues[] = {"0", "1", "-1", "1"};
+    content.entries.push_back({"Flag[" + std::to_string(i) + "]",
+                               std::string(kValues[nibble & 3]) + " before " + kValues[nibble >> 2]});
+  }
+}
+
+}  // namespace
+
 GameFileContent ListGameFile(const std::filesystem::path& file) {
   GameFileContent content;
   std::string bytes;
@@ -142,6 +179,8 @@ GameFileContent ListGameFile(const std::filesystem::path& file) {
     content.entries.push_back({std::string(kHeaders[record - 1]) + " date", ShownPath(date)});
   }
   RecordReader reader(bytes);
+  reader.Seek(kSignatureWidth);
+  content.entries.push_back({"Reserved", std::to_string(reader.Int32())});
   for (const auto fields : {ScreenFields(), GameFields(), FurtherFields()}) {
     if (fields.data() == FurtherFields().data() && !HasFurtherSettings(bytes)) continue;
     for (const Field& field : fields) {
@@ -154,6 +193,8 @@ GameFileContent ListGameFile(const std::filesystem::path& file) {
   reader.Seek(RecordOffset(kChipCountRecord) + kChipCountSlot * sizeof(std::int64_t));
   if (const Money chips = reader.Amount(); !reader.Failed())
     content.entries.push_back({"ChipCount", PlainText(chips)});
+  AddChips(content, bytes);
+  if (HasFurtherSettings(bytes)) AddFlags(content, bytes);
   for (int i = 0; i < kChipStackCount; ++i) {
     reader.Seek(NameOffset(i));
     if (const std::string name = reader.Text(kNameWidth); !reader.Failed())

@@ -79,7 +79,9 @@ Header GameWriter::Companion(const std::filesystem::path& path) {
 
 // The working game loses nothing: what was never saved goes into a file of its own.
 Header GameWriter::ScriptHeader() {
-  if (!IsWorkingGame(file_) || !g_.ScriptDirty || g_.ScriptLines.empty()) return Companion(g_.ScriptFilePath);
+  std::error_code unknown;
+  const bool isOnDisk = !g_.ScriptDirty && std::filesystem::is_regular_file(g_.ScriptFilePath, unknown);
+  if (!IsWorkingGame(file_) || isOnDisk || g_.ScriptLines.empty()) return Companion(g_.ScriptFilePath);
   const std::filesystem::path path = dataFolder_ / "default.bet";
   if (failure_.empty()) failure_ = SaveWhole(path, ScriptFileBytes(g_.ScriptLines));
   return Companion(path);
@@ -161,12 +163,9 @@ void GameWriter::WriteFurther() {
 }
 
 void GameWriter::WriteNames() {
-  for (int i = 0; i < kChipStackCount; ++i) {
-    // A stack without a name of its own is loaded under its number, and saved as it was: without.
-    const std::string& name = g_.ChipStackName[static_cast<std::size_t>(i)];
-    const bool isOwn = name != ChipStackTitle(SlotChipStack + i);
-    At(NameOffset(i)).Text(isOwn ? name : "", kNameWidth);
-  }
+  // Meant: a stack without a name is loaded under its number, and saved under it from then on.
+  for (int i = 0; i < kChipStackCount; ++i)
+    At(NameOffset(i)).Text(g_.ChipStackName[static_cast<std::size_t>(i)], kNameWidth);
 }
 
 void GameWriter::WriteChips() {

@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <system_error>
 
 #include "base/AtomicFile.h"
@@ -45,6 +46,19 @@ void ShowFound(Game& g, EventsLogReader& reader, const std::string& wanted, std:
   }
 }
 
+// Whether the file may be written on as a log: it is empty, or begins with a line that a game writes.
+bool LooksLikeLog(const std::filesystem::path& path) {
+  int error = 0;
+  const int file = OpenRegularFile(path, error);
+  if (file < 0) return false;
+  const std::string begin = ReadAt(file, 0, 9, error);
+  close(file);
+  constexpr std::string_view kBegins[] = {" Roll #", " New game", "======", "------", "      "};
+  return error == 0 && (begin.empty() || std::ranges::any_of(kBegins, [&](std::string_view words) {
+                          return begin.starts_with(words);
+                        }));
+}
+
 }  // namespace
 
 std::string EventsLogCaption(const Game& g, const std::filesystem::path& dataFolder) {
@@ -74,11 +88,26 @@ std::string OpenEventsLog(Game& g, EventsLog& log, const std::filesystem::path& 
   return {};
 }
 
+std::string UseEventsLog(Game& g, EventsLog& log, const std::filesystem::path& path) {
+  std::error_code unknown;
+  const bool isThere = std::filesystem::exists(path, unknown);
+  if (unknown) return SystemErrorText(unknown.value());
+  if (!isThere) {
+    if (EventsIndexPath(path) == path || IsForeignIndex(EventsIndexPath(path)))
+      return SystemErrorText(EINVAL);
+    Use(g, log, path);
+    return {};
+  }
+  if (!LooksLikeLog(path)) return "This is no Events Log. Please choose another name.";
+  return OpenEventsLog(g, log, path);
+}
+
 std::string SaveEventsLogAs(Game& g, EventsLog& log, const std::filesystem::path& path) {
   FlushEventsLog(g);
   if (IsSamePath(log.Path(), path)) return {};
-  if (EventsIndexPath(path) == path || EventsIndexPath(path) == EventsIndexPath(log.Path()))
-    return SystemErrorText(EINVAL);  // it would be an index, or share one
+  const std::filesystem::path index = EventsIndexPath(path);
+  if (index == path || index == EventsIndexPath(log.Path()) || IsForeignIndex(index))
+    return SystemErrorText(EINVAL);  // it would be an index, or share one, or destroy what is none
   if (log.IsEmpty()) {
     if (std::string wrong = SaveWhole(path, ""); !wrong.empty()) return wrong;
   } else if (const std::error_code error = CopyFile(log.Path(), path)) {

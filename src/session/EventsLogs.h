@@ -24,6 +24,9 @@ bool NewEventsLog(Game& g, EventsLog& log, const std::filesystem::path& dataFold
 // the one it was.
 std::string OpenEventsLog(Game& g, EventsLog& log, const std::filesystem::path& path);
 
+// The same, begun when it is not there. A file that is there must be a log, or empty.
+std::string UseEventsLog(Game& g, EventsLog& log, const std::filesystem::path& path);
+
 // Copies the text of the log in use to `path` with an index of its own; the copy is the log in use then.
 // Empty on success, else the system's words: the log is then the one it was.
 std::string SaveEventsLogAs(Game& g, EventsLog& log, const std::filesystem::path& path);

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "autobet/files/ScriptFile.h"
+#include "autobet/model/Script.h"
 #include "base/AtomicFile.h"
 #include "dice/DiceClipboard.h"
 #include "dice/ProbabilityFile.h"
@@ -92,8 +93,12 @@ bool IsUnsaved(const Game& g, Unsaved what) {
   return false;
 }
 
-const std::string& OwnFile(const Game& g, Unsaved what) {
-  return what == Unsaved::Game ? g.GamePath : what == Unsaved::Script ? g.ScriptFilePath : g.ProbabilityPath;
+std::string OwnFile(const Game& g, Unsaved what) {
+  if (what == Unsaved::Game) return g.GamePath;
+  if (what == Unsaved::Matrix) return g.ProbabilityPath;
+  // A script that was read from a text is never written over it in coded lines.
+  const std::string ending = std::filesystem::path(g.ScriptFilePath).extension().string();
+  return LowerTrimmed(ending) == ".bet" ? g.ScriptFilePath : "";
 }
 
 std::string Save(Game& g, Unsaved what, const std::filesystem::path& file,
@@ -143,6 +148,7 @@ void DeleteWorkFiles(Game& g, const std::filesystem::path& dataFolder) {
 StartedTable StartTable(Game& g, const std::filesystem::path& dataFolder) {
   StartedTable started;
   MakeFolder(dataFolder);
+  RemoveAbandonedTemporaries(dataFolder);
   if (std::string failure = LoadHotKeys(dataFolder / kHotKeysFile, started.hotKeys); !failure.empty())
     started.notices.push_back(Failure(std::move(failure), "Hot-Key"));
   std::optional<std::vector<ScriptLine>> newest = ReadActiveScript(dataFolder);
@@ -168,12 +174,17 @@ std::string SaveWorkingGame(Game& g, const std::filesystem::path& dataFolder) {
   const bool isDirty = g.TableDirty;
   // A hot key's script stands in the place of the player's, whose copy was written before the run.
   std::vector<ScriptLine> playersLines;
+  std::vector<FlagEntry> playersFlags;  // the new game that begins makes them all False
   if (g.HotKeyRunning) {
     playersLines = ReadActiveScript(dataFolder).value_or(playersLines);
     std::swap(g.ScriptLines, playersLines);
+    std::swap(g.ScriptFlags, playersFlags);
   }
   std::string failure = SaveGameFile(g, dataFolder / kWorkingGame, dataFolder);
-  if (g.HotKeyRunning) std::swap(g.ScriptLines, playersLines);
+  if (g.HotKeyRunning) {
+    std::swap(g.ScriptLines, playersLines);
+    std::swap(g.ScriptFlags, playersFlags);
+  }
   g.GamePath = path;
   g.TableDirty = isDirty;
   return failure;

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <fstream>
@@ -82,6 +83,22 @@ TEST(SaveWhole, AFullDiskKeepsTheOldFile) {
   EXPECT_EQ(SaveWhole(path, std::string(10'000, 'x')), "File too large, Error #27");
   EXPECT_EQ(Content(path), "kept");
   EXPECT_EQ(FileCount(folder.Path()), 1);
+}
+
+TEST(SaveWhole, WhatAKilledSaveLeftIsRemoved) {
+  const TemporaryFolder folder;
+  const pid_t gone = fork();
+  if (gone == 0) _exit(0);
+  ASSERT_EQ(waitpid(gone, nullptr, 0), gone);
+  const std::string dead = ".rollwick-" + std::to_string(gone) + "-0";
+  const std::string alive = ".rollwick-" + std::to_string(getpid()) + "-0";
+  for (const std::string& name : {dead, alive, std::string(".rollwick-x-0"), std::string("game.crp")})
+    ASSERT_EQ(SaveWhole(folder / name, "x"), "");
+  RemoveAbandonedTemporaries(folder.Path());
+  EXPECT_FALSE(fs::exists(folder / dead));
+  EXPECT_TRUE(fs::exists(folder / alive));
+  EXPECT_EQ(FileCount(folder.Path()), 3);
+  RemoveAbandonedTemporaries(folder / "nowhere");
 }
 
 TEST(SaveWhole, AFolderThatMayNotBeWrittenKeepsTheOldFile) {

@@ -330,13 +330,27 @@ TEST(Play, TheLogLiesWhereItIsPut) {
 }
 
 TEST(Play, ALogThatCannotBeWrittenIsTurnedOff) {
-  const auto lines = Play("log " + std::string(400, 'x') + "\nlog on\nroll 3 4\nroll 3 4\n");
-  ASSERT_EQ(lines.size(), 4U);
-  ASSERT_EQ(lines[2]["notices"].size(), 1U);
-  EXPECT_NE(lines[2]["notices"][0]["text"].get<std::string>().find("File name too long, Error #36"),
+  const TemporaryFolder folder;
+  std::ofstream(folder / "file") << "no folder";
+  const std::string below = (folder / "file/log.txt").string();
+  const auto lines =
+      Play("log " + std::string(400, 'x') + "\nlog " + below + "\nlog on\nroll 3 4\nroll 3 4\n");
+  ASSERT_EQ(lines.size(), 5U);
+  EXPECT_NE(lines[0]["error"].get<std::string>().find("File name too long, Error #36"), std::string::npos);
+  ASSERT_EQ(lines[3]["notices"].size(), 1U);
+  EXPECT_NE(lines[3]["notices"][0]["text"].get<std::string>().find("Not a directory, Error #20"),
             std::string::npos);
-  EXPECT_EQ(lines[3]["notices"].size(), 0U);
-  EXPECT_EQ(lines[3]["roll"], 2);
+  EXPECT_EQ(lines[4]["notices"].size(), 0U);
+  EXPECT_EQ(lines[4]["roll"], 2);
+}
+
+TEST(Play, ALogThatIsNoneIsLeftAlone) {
+  const TemporaryFolder folder;
+  const std::string game = (folder / "game.crp").string();
+  const auto lines =
+      Play("save " + game + "\nlog " + game + "\nlog on\nroll 3 4\n", {"--data", (folder / "d").string()});
+  EXPECT_FALSE(lines[1]["ok"]);
+  EXPECT_EQ(std::filesystem::file_size(game), 147'200U);
 }
 
 TEST(Play, ForPeopleALineACommand) {

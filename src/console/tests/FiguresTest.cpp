@@ -119,8 +119,9 @@ TEST(RunReport, ResultBesideWhatTheDiceOwe) {
   for (const char* part :
        {"Bankroll    $500 at the start, $510 at the end\n            $540 high, $500 low, $520 average\n",
         "Result      $10, 25.00 % of $40 wagered\n",
-        "Expected    -$6.67, -16.67 %, give or take $37.27\n"
-        "            The result is 0.45 standard deviations better than that\n",
+        "Expected    -$6.67, -16.67 %, give or take $43.49\n"
+        "            The result is 0.38 standard deviations better than that\n",
+        "Losing run  3 decisions at the longest, of Seven\n",
         "Hands       0 completed\n            1 pass, 1 in one hand at the most; 3 misses\n",
         "Bet    Wagers  Amount  Won  Lost  Net    Net %   Exact %\n"
         "Seven       4     $40  $40   $30  $10  25.00 %  -16.67 %\n"})

@@ -75,7 +75,7 @@ TEST_F(MatrixCommands, SavedLoadedAndShown) {
   EXPECT_EQ(matrix["UseProbabilityMatrix"], false);
   EXPECT_EQ(lines[3]["matrix"]["UseProbabilityMatrix"], true);
   EXPECT_EQ(matrix["ProbabilityDisplayMode"], 0);
-  EXPECT_EQ(matrix["ProbabilityRollsOutOf"], 36);
+  EXPECT_EQ(matrix["ProbabilityRollsOutOf"], "36");
   EXPECT_EQ(matrix["ProbabilityName"], "mine.prb");
   EXPECT_EQ(matrix["ProbabilityKindLabel"], "Free Form Dice");
   EXPECT_EQ(matrix["ProbabilityMatrix"][0][2][1], 128);

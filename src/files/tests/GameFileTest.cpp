@@ -13,6 +13,7 @@
 #include "dice/DiceFile.h"
 #include "dice/ProbabilityFile.h"
 #include "files/Companions.h"
+#include "files/GameFileLayout.h"
 #include "files/tests/SavedTable.h"
 #include "stats/logs/EventsLog.h"
 
@@ -246,6 +247,10 @@ TEST(GameFile, NamesStacksThatHaveNone) {
   table.Load("one.crp");
   EXPECT_EQ(table.g.ChipStackName[7], "Chip-Stack #7");
   EXPECT_EQ(table.g.ChipStackName[8], " \u20acuro");
+  table.Save("two.crp");
+  std::string bytes;
+  ASSERT_EQ(ReadWhole(folder / "two.crp", 1 << 20, bytes), "");
+  EXPECT_EQ(bytes.substr(NameOffset(7), 14), "Chip-Stack #7 ") << "and is saved under it";
 }
 
 TEST(GameFile, RefusesWithoutChangingAnything) {

@@ -41,7 +41,7 @@ struct SavedTable : TestTable {
 
   explicit SavedTable(const TemporaryFolder& where) : folder(where) {
     g.GamesLogPath = (folder / "default.glg").string();
-    for (std::size_t i = 0; i < g.ChipStackName.size(); i += 3)  // the others have no name of their own
+    for (std::size_t i = 0; i < g.ChipStackName.size(); ++i)
       g.ChipStackName[i] = "Stack " + std::to_string(i);
     g.HandleWinningBets = WinTakeDown;
     g.Rules.NotifyFlags = 0;

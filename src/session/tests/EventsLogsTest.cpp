@@ -82,16 +82,25 @@ TEST(EventsLogs, AnotherLogIsOpenedAndACopyTaken) {
   EXPECT_TRUE(fs::exists(house.folder / "other.ref"));
   house.Put("more");
 
-  std::ofstream(house.folder / "copy\n.ref") << "old";
+  std::ofstream(house.folder / "copy\n.ref") << std::string("\1\0\0\0old", 7);
+  std::ofstream(house.folder / "mine.ref") << "somebody's file";
   ASSERT_EQ(SaveEventsLogAs(house.g, house.log, copy), "");
   EXPECT_EQ(EventsLogCaption(house.g, house.folder.Path()), "Events Log (copy?.txt)");
   house.Put("copied");
   EXPECT_EQ(LogInUse::Read(other), "there\nmore\n");
   EXPECT_EQ(LogInUse::Read(copy), "there\nmore\ncopied\n");
   EXPECT_EQ(LogInUse::Read(house.folder / "copy\n.ref"), std::string("\1\0\0\0\7\0\0\0\14\0\0\0", 12));
-  for (const char* name : {"no/log.txt", "log.ref", "copy\n.log"})
+  for (const char* name : {"no/log.txt", "log.ref", "copy\n.log", "mine.txt"})
     EXPECT_NE(SaveEventsLogAs(house.g, house.log, house.folder / name), "") << name;
   EXPECT_EQ(house.log.Path(), copy);
+  EXPECT_EQ(LogInUse::Read(house.folder / "mine.ref"), "somebody's file");
+
+  std::ofstream(house.folder / "script.txt") << "While . . .\n";
+  EXPECT_EQ(UseEventsLog(house.g, house.log, house.folder / "script.txt"),
+            "This is no Events Log. Please choose another name.");
+  EXPECT_EQ(UseEventsLog(house.g, house.log, house.folder / "new.txt"), "");
+  EXPECT_EQ(house.g.EventsLogPath, (house.folder / "new.txt").string());
+  ASSERT_EQ(OpenEventsLog(house.g, house.log, copy), "");
 
   // A log under a name of its own stays where it is.
   house.host.answers = {Answer::No};

@@ -212,4 +212,16 @@ std::optional<LineSpan> IndexedText::Line(std::uint32_t number) {
   return line;
 }
 
+bool IsForeignIndex(const std::filesystem::path& path) {
+  struct stat status = {};
+  if (stat(path.c_str(), &status) != 0) return errno != ENOENT && errno != ENOTDIR;
+  if (!S_ISREG(status.st_mode)) return true;
+  int error = 0;
+  const int file = OpenRegularFile(path, error);
+  if (file < 0) return true;
+  const std::string first = ReadAt(file, 0, kIndexRecord, error);
+  close(file);
+  return first != IndexRecord(1).substr(0, first.size());
+}
+
 }  // namespace rollwick

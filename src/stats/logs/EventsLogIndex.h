@@ -27,6 +27,10 @@ int OpenRegularFile(const std::filesystem::path& path, int& error);
 // Reads up to `bytes` at `offset`; less only at the end of the file. The errno in `error` on failure.
 std::string ReadAt(int file, std::uint64_t offset, std::size_t bytes, int& error);
 
+// Whether something stands at an index's path that is no index of a log: it does not begin like one, or is no
+// file.
+bool IsForeignIndex(const std::filesystem::path& path);
+
 // Writes behind `index` a record for each whole line of the text from byte `from`, where a line begins, up to
 // byte `to`. 0 or an errno.
 int AppendRecords(int text, std::uint64_t from, std::uint64_t to, int index);

@@ -52,10 +52,11 @@ std::string WithoutControls(std::string_view text) {
   return shown;
 }
 
-// A name that the index can take over: free, or an index that is a file of its own.
+// A name that the index can take over: free, or an index that is a file of its own. A link is left alone.
 bool MayReplace(const std::filesystem::path& path) {
   struct stat status = {};
-  return lstat(path.c_str(), &status) != 0 ? errno == ENOENT : S_ISREG(status.st_mode);
+  if (lstat(path.c_str(), &status) != 0) return errno == ENOENT;
+  return S_ISREG(status.st_mode) && !IsForeignIndex(path);
 }
 
 }  // namespace
