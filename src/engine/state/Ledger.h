@@ -63,9 +63,9 @@ struct PhantomPrice {
   std::int32_t LastRoll = 0;
 };
 
-inline constexpr int kMostPrices = 512;         // some 230 come up
-inline constexpr int kMostDecisions = 64;       // of one roll
-inline constexpr int kMostActionCells = 16;     // the come-out's, the point's, and odds returned on the come-out
+inline constexpr int kMostPrices = 512;      // some 230 come up
+inline constexpr int kMostDecisions = 64;    // of one roll
+inline constexpr int kMostActionCells = 16;  // the come-out's, the point's, and odds returned on the come-out
 inline constexpr std::int32_t kNotPriced = -1;  // of a cell whose decisions are not known yet
 
 // Indexes into Prices.
