@@ -51,7 +51,9 @@ class ConsoleHost : public Host {
 
   std::uint32_t Milliseconds(Game& g) override;
   void PumpEvents(Game& g) override;
-  bool EventsAreDue() override { return Clock::now() - lastServed_ >= std::chrono::milliseconds(10); }
+  bool EventsAreDue() override {
+    return WasInterrupted() || Clock::now() - lastServed_ >= std::chrono::milliseconds(10);
+  }
   // Between auto-rolls nobody needs time to look: a wait only counts the roll behind it.
   void Wait(Game& g, std::uint32_t milliseconds) override;
   Answer Show(Game& g, const Message& message) override;

@@ -227,6 +227,7 @@ bool CountLines(AutoBetRun& run, std::int32_t lines) {
   run.linesSincePump += lines;
   if (run.linesSincePump < kLinesPerPump) return true;
   run.linesSincePump = 0;
+  if (!run.g.TheHost->EventsAreDue()) return true;
   BringUpToDate(run.g);
   run.g.TheHost->PumpEvents(run.g);
   StartCounting(run.g);
@@ -267,6 +268,8 @@ void Walk(AutoBetRun& run) {
     line = next;
     if (isPassed) continue;
     VisitLine(run, step);
+    if (!g.AutoBetRunning) return;
+    if (step.Kind != KindAction && step.Kind != KindCondition) continue;
     if (run.jumpTo != 0) line = Jump(run);
     if (run.returnPending) line = JumpBack(run);
     if (!run.error.empty() || !g.AutoBetRunning) return;

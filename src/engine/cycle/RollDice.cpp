@@ -20,7 +20,7 @@ namespace rollwick {
 
 namespace {
 
-constexpr std::int32_t kRollsPerPump = 256;       // a small fraction of a millisecond at full speed
+constexpr std::int32_t kRollsPerPump = 64;        // some microseconds at full speed
 constexpr std::size_t kMostPendingLog = 1 << 20;  // bytes
 
 bool RollLimitReached(Game& g) {

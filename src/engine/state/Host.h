@@ -106,7 +106,7 @@ class Host {
   virtual std::uint32_t Milliseconds(Game& g) = 0;
   // Lets what waits outside happen; may clear KeepRolling.
   virtual void PumpEvents(Game&) {}
-  // Hyper-Drive asks every few hundred rolls whether it is time for PumpEvents.
+  // Hyper-Drive and long scripts ask every so often whether it is time for PumpEvents.
   virtual bool EventsAreDue() { return true; }
   // Serves events for so long, or until KeepRolling is cleared; at least once.
   virtual void Wait(Game& g, std::uint32_t /*milliseconds*/) { PumpEvents(g); }
