@@ -20,8 +20,8 @@ namespace rollwick {
 
 namespace {
 
-constexpr std::int32_t kRollsPerPump = 64;        // some microseconds at full speed
-constexpr std::size_t kMostPendingLog = 1 << 20;  // bytes
+constexpr std::int32_t kRollsPerPump = 64;    // some microseconds at full speed
+constexpr std::int32_t kRollsPerFlush = 512;  // a kill loses no more of the log and the recording
 
 bool RollLimitReached(Game& g) {
   if (g.RollCount() < kMaxRollCount) return false;
@@ -206,8 +206,9 @@ void LetTheWorldIn(Game& g) {
 }
 
 void ServeEvents(Game& g) {
+  if (g.RollsInRun % kRollsPerFlush == 0) FlushFiles(g);
   const bool isTime = g.RollsInRun % kRollsPerPump == 0 && g.TheHost->EventsAreDue();
-  if (isTime || g.HyperThrottle > 0 || g.PendingLogLines.size() > kMostPendingLog) LetTheWorldIn(g);
+  if (isTime || g.HyperThrottle > 0) LetTheWorldIn(g);
 }
 
 // Whether another roll follows by itself: at once in Hyper-Drive, after the delay in auto-roll.
