@@ -71,14 +71,16 @@ void LogButton(Game& g, BetId bet) {
 }
 
 void LogBetChanges(Game& g) {
-  for (BetId bet = 1; bet <= kBetCount; ++bet) {
+  BetSet bets = g.BetsStanding | g.BetsAtThrow;
+  if (IsBoxNumber(g.DiceTotal)) bets.Set(DontComeOn(g.DiceTotal));  // a bet may have come there and gone
+  bets.ForEach([&g](BetId bet) {
     if (g.BetAmount[bet] == Money()) {
       LogEmptySpot(g, bet);
     } else {
       LogStandingBet(g, bet);
       LogButton(g, bet);
     }
-  }
+  });
 }
 
 void LogBankroll(Game& g, Money before, std::string_view up, std::string_view down) {
@@ -90,13 +92,14 @@ void LogBankroll(Game& g, Money before, std::string_view up, std::string_view do
 }
 
 void LogChipStackChanges(Game& g) {
-  for (BetId stack = SlotChipStack; stack <= SlotLastChipStack; ++stack) {
+  constexpr SlotSet kStacks = SlotSet::Range(SlotChipStack, SlotLastChipStack);
+  (g.ChangedSinceThrow & kStacks).ForEach([&g](BetId stack) {
     const Money now = g.BetAmount[stack];
     const Money before = g.BetAtThrow[stack];
-    if (now == before) continue;
+    if (now == before) return;
     LogEvent(g, "      " + ChipStackTitle(stack) + (now > before ? " increased to " : " decreased to ") +
                     Dollar(now));
-  }
+  });
 }
 
 void LogActivation(Game& g) {

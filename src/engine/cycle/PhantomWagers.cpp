@@ -30,6 +30,8 @@ const RollCalls& CallsOnDice(const Game& g) {
 template <class IsMeant>
 void Price(Game& g, CellDecisions& cell, IsMeant isMeant) {
   const RollCalls& calls = CallsOnDice(g);
+  const PayoffRow used =
+      g.PayoffTable[0];  // of the last real bet: what a game file keeps does not hang on us
   cell.Count = 0;
   for (std::int32_t i = 0; i < calls.Count; ++i) {
     const auto [bet, result] = calls.Calls[static_cast<std::size_t>(i)];
@@ -37,6 +39,7 @@ void Price(Game& g, CellDecisions& cell, IsMeant isMeant) {
     ComputePayoff(g, false, bet, result, Dollars(1));
     AddDecision(g, cell, bet, g.PayoffExact);
   }
+  g.PayoffTable[0] = used;
 }
 
 template <class IsMeant>

@@ -42,6 +42,7 @@ void TakeThrowSnapshots(Game& g) {
     if (slot >= 1 && slot <= Bet::DontPass) g.BetContract[slot] = g.BetAmount[slot];
   });
   g.ChangedSinceThrow = {};
+  g.BetsAtThrow = g.BetsStanding;
   assert(g.BetAtThrow == g.BetAmount);
   StartRollResults(g);
   CountPrevRolls(g);

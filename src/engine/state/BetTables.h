@@ -95,6 +95,7 @@ struct BetTables {
   BetSet BetsInAction;
   BetSet BetsCalled;
   BetSet BetsOnByDefault;
+  BetSet BetsAtThrow;  // with chips on them in BetAtThrow
   // Slots whose amount or contract may differ from what was kept at the throw and at the end of the roll.
   SlotSet ChangedSinceThrow;
   SlotSet ChangedSinceEnd;

@@ -101,6 +101,7 @@ void RefreshBetSets(Game& g) {
   for (BetId bet = 1; bet <= kBetCount; ++bet) {
     g.BetsStanding.Set(bet, g.BetAmount[bet] != Money());
     g.BetsOnByDefault.Set(bet, g.BetWorkingDefault[bet] >= On);
+    g.BetsAtThrow.Set(bet, g.BetAtThrow[bet] != Money());
     SetBetWorking(g, bet, g.BetWorking[bet]);
   }
   g.ChangedSinceThrow = g.ChangedSinceEnd = SlotSet::Range(0, kSlotCount - 1);

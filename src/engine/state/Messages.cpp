@@ -1,4 +1,6 @@
 // Notices, questions and the Events Log: everything the logic says to the world.
+#include <algorithm>
+
 #include "engine/state/Game.h"
 
 namespace rollwick {
@@ -48,10 +50,9 @@ void LogEvent(Game& g, std::string_view text) {
   const std::size_t start = g.PendingLogLines.size();
   g.PendingLogLines += text;
   // The name of a file may hold anything; a line of the log stays one line.
-  for (std::size_t at = start; at < g.PendingLogLines.size(); ++at) {
-    char& c = g.PendingLogLines[at];
-    if (static_cast<unsigned char>(c) < ' ' || c == '\x7F') c = '?';
-  }
+  const auto isControl = [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7F'; };
+  std::replace_if(g.PendingLogLines.begin() + static_cast<std::ptrdiff_t>(start), g.PendingLogLines.end(),
+                  isControl, '?');
   g.PendingLogLines += '\n';
 }
 

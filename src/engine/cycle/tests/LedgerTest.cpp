@@ -102,6 +102,7 @@ void ExpectSameStatistics(const GameTables& run, const GameTables& stepped, std:
   EXPECT_EQ(run.BetContract, stepped.BetContract);
   EXPECT_EQ(run.BankrollHistory, stepped.BankrollHistory);
   EXPECT_EQ(run.HandStats, stepped.HandStats);
+  EXPECT_EQ(run.PayoffTable, stepped.PayoffTable);
 }
 
 // The same game twice: in one run, looked at now and then, and roll by roll, where every roll is entered in
