@@ -1,7 +1,9 @@
 // Rolls per second of the whole roll, beside the bare dice draw of the same run. With --signature: one number
-// over fixed games instead.
+// over fixed games instead. With --run BETTOR ROLLS: that many rolls of one bettor, for counting
+// instructions.
 #include <benchmark/benchmark.h>
 
+#include <charconv>
 #include <iostream>
 #include <string_view>
 
@@ -34,6 +36,23 @@ void WholeRoll(benchmark::State& state, Bettor bettor) {
   state.SetItemsProcessed(state.iterations() * kRollsPerRun);
 }
 
+// Never looks in, so that equal runs are equal to the instruction.
+class AbsentHost : public SilentHost {
+ public:
+  bool EventsAreDue() override { return false; }
+};
+
+// BETTOR counts from 0 in the order of the Bettors. False when the words are no such run.
+bool RunFor(std::string_view bettor, std::string_view rolls) {
+  std::int32_t which = -1, count = 0;
+  std::from_chars(bettor.data(), bettor.data() + bettor.size(), which);
+  std::from_chars(rolls.data(), rolls.data() + rolls.size(), count);
+  if (which < 0 || which > static_cast<std::int32_t>(Bettor::TenRules) || count < 1) return false;
+  AbsentHost host;
+  RollInHyperDrive(*OpenGame(host, static_cast<Bettor>(which), 1), count);
+  return true;
+}
+
 BENCHMARK(BareDraw)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(WholeRoll, PassLineOnly, Bettor::PassLineOnly)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(WholeRoll, FiveBets, Bettor::FiveBets)->Unit(benchmark::kMillisecond);
@@ -48,6 +67,7 @@ int main(int argc, char** argv) {
     std::cout << rollwick::Signature() << '\n';
     return 0;
   }
+  if (argc == 4 && std::string_view(argv[1]) == "--run") return rollwick::RunFor(argv[2], argv[3]) ? 0 : 2;
   benchmark::Initialize(&argc, argv);
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 2;
   benchmark::RunSpecifiedBenchmarks();
