@@ -343,10 +343,12 @@ ChangeRequest RequestOf(const Game& g, BetId bet) {
 }
 
 KnownChange& PlaceOf(Game& g, BetId bet, const ChangeRequest& request) {
-  const auto mixed = (static_cast<std::uint64_t>(request.Amount.Units()) * 3 +
-                      static_cast<std::uint64_t>(request.Delta.Units())) *
-                     0x9E3779B97F4A7C15u;
-  return g.TheLedger.Changes[static_cast<std::size_t>(bet)][mixed >> 62];
+  const auto bits = [](Money amount) { return static_cast<std::uint64_t>(amount.Units()); };
+  const std::uint64_t mixed =
+      (bits(request.Amount) * 3 + bits(request.Delta) * 5 + bits(request.Contract) * 7 +
+       bits(request.Flat) * 11 + static_cast<std::uint64_t>(request.Point)) *
+      0x9E3779B97F4A7C15u;
+  return g.TheLedger.Changes[static_cast<std::size_t>(bet)][mixed >> 60];
 }
 
 // FitToRules with nobody to be told anything: most requests of a long run have been made before.

@@ -112,7 +112,7 @@ struct KnownChange {
   Money BetMax;
 };
 
-inline constexpr std::size_t kKnownChanges = 4;  // of a bet: put up, kept, taken down
+inline constexpr std::size_t kKnownChanges = 16;  // of a bet: put up, kept, taken down, on each point
 
 // What prices and known changes follow from; when it changes they are worked out anew.
 struct RulesInForce {
