@@ -45,6 +45,11 @@ void Try(const std::filesystem::path& folder, const std::string& bytes) {
 
   const std::filesystem::path saved = folder / "saved" / file.filename(),
                               again = folder / "again" / file.filename();
+  // A file cut short may have left stacks without a name; loading what is saved now gives them one.
+  for (int stack = 0; stack < kChipStackCount; ++stack) {
+    std::string& name = table.g.ChipStackName[static_cast<std::size_t>(stack)];
+    if (name.empty()) name = ChipStackTitle(SlotChipStack + stack);
+  }
   Demand(SaveGameFile(table.g, saved, folder).empty(), "a loaded game that can be saved");
   FuzzTable second(folder);
   Demand(LoadGameFile(second.g, saved, folder).result == GameFileResult::Loaded,
