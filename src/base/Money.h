@@ -32,6 +32,10 @@ class Money {
   constexpr Money& operator-=(Money other) { return *this = Wrap(Bits(*this) - Bits(other)); }
   friend constexpr Money operator+(Money a, Money b) { return a += b; }
   friend constexpr Money operator-(Money a, Money b) { return a -= b; }
+  // The sum of `count` of it.
+  constexpr Money Times(std::int64_t count) const {
+    return Wrap(Bits(*this) * static_cast<std::uint64_t>(count));
+  }
   friend constexpr auto operator<=>(Money, Money) = default;
   friend constexpr bool operator==(Money, Money) = default;
 

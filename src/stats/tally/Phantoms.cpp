@@ -95,7 +95,7 @@ ActionCells& CellsInAction(Game& g) {
 // Enters `count` equal decisions. `isOfThisRoll`: the latest of them belongs to the roll that is going on.
 void Enter(BetStatRow& row, Money amount, const PhantomPrice& price, bool isOfThisRoll) {
   row[TotalCount] += Dollars(price.Count);
-  row[TotalAmount] += Money::FromUnits(amount.Units() * price.Count);
+  row[TotalAmount] += amount.Times(price.Count);
   if (amount > row[HighAmount]) row[HighAmount] = amount;
   if (amount > Money() && (row[LowAmount] == Money() || amount < row[LowAmount])) row[LowAmount] = amount;
   if (!isOfThisRoll) return;
