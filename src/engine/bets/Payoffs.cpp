@@ -64,17 +64,6 @@ Money ToWholeChips(Money exact, Money chip) {
   return Product(WholeDollarsBelow(Quotient(exact, chip)), chip);
 }
 
-Money VigOnDecision(const Game& g, bool useRealVig, BetId bet, Money payoff) {
-  const bool won = payoff > Money();
-  if (IsLay(bet) && (won || g.Rules.LayVigOnAll)) {
-    return useRealVig ? g.LayVigAmount[bet] : PhantomLayVig(g, bet);
-  }
-  if (IsBuy(bet) && (won || g.Rules.BuyVigOnAll)) {
-    return useRealVig ? g.BuyVigAmount[bet] : g.Rules.BuyVigPct;
-  }
-  return {};
-}
-
 Money RoundVig(Money vig, Money chip, std::int32_t rounding) {
   const Money down = FloorToChips(vig, chip);
   const Money rest = vig - down;
@@ -115,7 +104,7 @@ void ComputePayoff(Game& g, bool useRealVig, BetId bet, int outcome, Money stake
     used = {Dollars(-1), own.IsToForm, Dollars(1)};
   }
   g.PayoffExact = split.ways > 0 ? SplitPays(stake, split.ways, used) : Pays(stake, used);
-  g.PayoffExact -= VigOnDecision(g, useRealVig, bet, g.PayoffExact);
+  g.PayoffExact -= VigOnDecision(g, useRealVig ? ActualWagers : PhantomWagers, bet, g.PayoffExact);
   g.PayoffNet = ToWholeChips(g.PayoffExact, LowestChip(g));
 }
 

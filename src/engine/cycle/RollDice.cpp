@@ -253,6 +253,7 @@ void RollDice(Game& g) {
   do {
     OneRoll(g);
   } while (RollsOn(g));
+  BringUpToDate(g);  // also of a throw that was abandoned
   g.LastStopMessage = g.StopMessage;
   // Kept only while the table cannot show it.
   if (!g.TheHost->IsMinimized()) {

@@ -14,14 +14,6 @@ void AddDecision(BetStatRow& row, Money amount) {
   row[LastRollCount] = Dollars(1);
 }
 
-// What the decision adds to the wager: the vig, if this kind of vig is charged on this result.
-Money VigOnWager(const Game& g, BetId bet, Money result) {
-  const bool won = result > Money();
-  if (IsLay(bet) && (won || g.Rules.LayVigOnAll)) return g.LayVigAmount[bet];
-  if (IsBuy(bet) && (won || g.Rules.BuyVigOnAll)) return g.BuyVigAmount[bet];
-  return {};
-}
-
 // A bet's run of results as it stood before the roll. Only bets decided in the last roll differ, but in a
 // game from a file any may.
 void KeepStreaks(Game& g) {
@@ -56,6 +48,13 @@ void AddRow(BetStatRow& sum, const BetStatRow& row) {
 
 }  // namespace
 
+Money VigOnDecision(const Game& g, BetStatKind kind, BetId bet, Money result) {
+  const bool won = result > Money(), isReal = kind == ActualWagers;
+  if (IsLay(bet) && (won || g.Rules.LayVigOnAll)) return isReal ? g.LayVigAmount[bet] : PhantomLayVig(g, bet);
+  if (IsBuy(bet) && (won || g.Rules.BuyVigOnAll)) return isReal ? g.BuyVigAmount[bet] : g.Rules.BuyVigPct;
+  return {};
+}
+
 void MarkDecided(StatisticsTables& g, BetStatKind kind, BetId bet, bool won) {
   g.DecidedBets[g.DecidedCount++] = kind << 8 | bet << 1 | (won ? 0 : 1);
 }
@@ -65,7 +64,7 @@ void RecordBetDecision(Game& g, BetId bet, Money wager, Money result) {
   const bool won = result > Money();
   BetStatRow& results = (won ? g.BetWins : g.BetLosses)[ActualWagers][bet];
   if (results[LastRollCount] == Money()) MarkDecided(g, ActualWagers, bet, won);
-  AddDecision(g.BetWagers[ActualWagers][bet], wager + VigOnWager(g, bet, result));
+  AddDecision(g.BetWagers[ActualWagers][bet], wager + VigOnDecision(g, ActualWagers, bet, result));
   AddDecision(results, Abs(result));
 }
 

@@ -60,14 +60,6 @@ void TakeOnRules(Game& g) {
   for (auto& changes : g.TheLedger.Changes) changes.fill({});
 }
 
-// What the decision adds to the wager: the vig, if this kind of vig is charged on this result.
-Money VigOnPhantom(const Game& g, BetId bet, Money result) {
-  const bool won = result > Money();
-  if (IsLay(bet) && (won || g.Rules.LayVigOnAll)) return PhantomLayVig(g, bet);
-  if (IsBuy(bet) && (won || g.Rules.BuyVigOnAll)) return g.Rules.BuyVigPct;
-  return {};
-}
-
 // The cells of the bets now in action.
 ActionCells& CellsInAction(Game& g) {
   PhantomLedger& phantoms = g.TheLedger.Phantoms;
@@ -206,7 +198,8 @@ CellDecisions& DecisionsOf(Game& g, int cell) {
 void AddDecision(Game& g, CellDecisions& cell, BetId bet, Money result) {
   if (result == Money()) return;
   PhantomLedger& phantoms = g.TheLedger.Phantoms;
-  const PhantomPrice fresh{bet, result > Money(), Dollars(1) + VigOnPhantom(g, bet, result), Abs(result)};
+  const PhantomPrice fresh{bet, result > Money(), Dollars(1) + VigOnDecision(g, PhantomWagers, bet, result),
+                           Abs(result)};
   const auto begin = phantoms.Prices.begin(), end = begin + phantoms.PriceCount;
   const auto price = std::find_if(begin, end, [&](const PhantomPrice& known) {
     return known.Bet == bet && known.Won == fresh.Won && known.Wager == fresh.Wager &&

@@ -36,6 +36,10 @@ void RecordBetDecision(Game& g, BetId bet, Money wager, Money result);
 // clears.
 void MarkDecided(StatisticsTables& g, BetStatKind kind, BetId bet, bool won);
 
+// The vig that a decision of this kind costs: of Lay and Buy bets, on wins, or on all where the house charges
+// it so. The phantom dollar's is unrounded.
+Money VigOnDecision(const Game& g, BetStatKind kind, BetId bet, Money result);
+
 // The vig on a phantom Lay bet of one dollar: of what it would win, unrounded.
 Money PhantomLayVig(const Game& g, BetId bet);
 

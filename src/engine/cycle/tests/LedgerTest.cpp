@@ -212,15 +212,18 @@ TEST(Ledger, PhantomsAsOnPaper) {
 }
 
 TEST(Ledger, AThrowThatFailsLeavesTheCountersOfTheRollBefore) {
-  House house(3);
-  Game& g = house.g;
-  house.Roll(100);
-  g.DiceFileMode = DiceFilePlayback;  // with no file to play
-  house.Roll(1);
-  EXPECT_EQ(g.RollCount(), 100);
-  EXPECT_EQ(g.TrackedEventCountBefore, g.TrackedEventCount) << "a roll began";
-  EXPECT_EQ(g.TrackedRollBaseBefore, g.TrackedRollBase);
-  EXPECT_EQ(g.BetWagers[PhantomWagers][Bet::Field][LastRollCount], Money());
+  for (const bool isHyper : {true, false}) {
+    SCOPED_TRACE(isHyper ? "in Hyper-Drive" : "by a click");
+    House house(3);
+    Game& g = house.g;
+    house.Roll(100);
+    g.DiceFileMode = DiceFilePlayback;  // with no file to play
+    isHyper ? house.Roll(1) : RollDice(g);
+    EXPECT_EQ(g.RollCount(), 100);
+    EXPECT_EQ(g.TrackedEventCountBefore, g.TrackedEventCount) << "a roll began";
+    EXPECT_EQ(g.TrackedRollBaseBefore, g.TrackedRollBase);
+    EXPECT_EQ(g.BetWagers[PhantomWagers][Bet::Field][LastRollCount], Money());
+  }
 }
 
 }  // namespace
