@@ -1,0 +1,7 @@
+// rollwick-table: the window.
+#include <QApplication>
+
+int main(int argc, char** argv) {
+  const QApplication application(argc, argv);
+  return 0;
+}

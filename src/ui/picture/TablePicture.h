@@ -1,0 +1,46 @@
+// The table as one picture: felt, lines, lettering, panel, rail, tools, puck, buttons, chips, dice. Painted
+// by vectors in the units of the picture, 768 by 440, at any scale.
+#pragma once
+
+#include <QByteArray>
+#include <QPainter>
+#include <QPixmap>
+#include <optional>
+#include <vector>
+
+#include "engine/state/Game.h"
+#include "layout/HotSpots.h"
+#include "ui/picture/DicePose.h"
+
+namespace rollwick {
+
+// What the window knows and the game does not.
+struct TableView {
+  DicePoses dice{};
+  bool isRolling = false;         // the roll button reads STOP
+  int cursor = SpotNone;          // the spot with the keyboard's ring; none while the picture has no focus
+  Tool hoverTool = Tool::None;    // under the pointer
+  int clickMode = 0;              // ClickMode: its lammer or tool is lit
+  Money carried;                  // in the player's hand, drawn at the pointer; 0 nothing
+  PicturePoint pointer;           // where that is
+  std::vector<TableChip> fallen;  // the chips all over the table when the bank is broken
+};
+
+// The layers that only the colours, the texture, the rules and the panel change are kept as a pixmap.
+class TablePicture {
+ public:
+  // The painter is at the left top of the widget, in its logical pixels; `frame` says where the picture
+  // stands and `pixelRatio` how many device pixels a logical one has. Paints the surroundings of the picture
+  // too, of `width` by `height` logical pixels.
+  void Paint(QPainter& painter, const Game& g, const TableView& view, const PictureFrame& frame,
+             double pixelRatio, double width, double height);
+
+ private:
+  QPixmap kept_;
+  QByteArray keptFor_;  // all that decides the kept layers
+};
+
+// One chip of this denomination, with its figure, as the tools and cursors show it. `radius` in units.
+void PaintChip(QPainter& painter, const Game& g, int chip, QPointF middle, double radius);
+
+}  // namespace rollwick
