@@ -5,6 +5,9 @@
 
 namespace rollwick {
 
+// Of a die that lies on the felt. Dice at rest lie far enough apart for it, however they are turned.
+inline constexpr double kDieSide = 30;
+
 // At their home in the tool strip, beside each other.
 DicePoses DiceAtHome(int die1, int die2);
 
@@ -23,11 +26,15 @@ class DiceMotion {
   DicePoses At(int milliseconds) const;
 
  private:
+  enum class Way { None, Shake, Flight, Home };
+  DicePose OnWay(int die, double part) const;
+
+  Way way_ = Way::None;
   int duration_ = 0;
-  bool isReturn_ = false;
-  DicePoses from_{};
-  DicePoses to_{};
   unsigned seed_ = 0;
+  DicePoses from_{};
+  DicePoses bounce_{};  // off the wall at the player's side, in flight only
+  DicePoses to_{};
 };
 
 }  // namespace rollwick

@@ -5,12 +5,13 @@
 #include <QByteArray>
 #include <QPainter>
 #include <QPixmap>
-#include <optional>
 #include <vector>
 
 #include "engine/state/Game.h"
 #include "layout/HotSpots.h"
+#include "ui/picture/Chips.h"
 #include "ui/picture/DicePose.h"
+#include "ui/picture/Lettering.h"
 
 namespace rollwick {
 
@@ -35,9 +36,20 @@ class TablePicture {
   void Paint(QPainter& painter, const Game& g, const TableView& view, const PictureFrame& frame,
              double pixelRatio, double width, double height);
 
+  // How often the kept layers have been painted.
+  int Builds() const { return builds_; }
+
  private:
+  void Keep(const Game& g, const PictureFrame& frame, double pixelRatio, double width, double height);
+  void PaintBets(QPainter& painter, const Game& g);
+  void PaintRailBankroll(QPainter& painter, const Game& g);
+  void PaintCarried(QPainter& painter, const Game& g, const TableView& view);
+
   QPixmap kept_;
   QByteArray keptFor_;  // all that decides the kept layers
+  int builds_ = 0;
+  ChipSprites chips_;  // kept together with the layers
+  Lettering letters_;
 };
 
 // One chip of this denomination, with its figure, as the tools and cursors show it. `radius` in units.
