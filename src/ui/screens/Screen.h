@@ -11,7 +11,12 @@
 
 namespace rollwick {
 
+// Opens a page of the help.
+using HelpOpener = std::function<void(const QString& page)>;
+
 class Screen : public QDialog {
+  Q_OBJECT
+
  public:
   // `name` is the screen's own ("frmMsg"), `id` its place in the game file; without one it is not remembered.
   Screen(Game& g, std::string_view name, std::optional<ScreenId> id, QWidget* owner);
@@ -22,10 +27,11 @@ class Screen : public QDialog {
 
   // Puts the window where the game remembers it, inside the visible area; else centred on its owner.
   void RestorePlace();
+  // Keeps place, size and whether it is open. Runs by itself when the screen is closed.
   void RememberPlace();
 
-  // Opens the help page of the screen; set once by the window of the table.
-  std::function<void(const QString& page)> ShowHelp;
+  // Set once by the window of the table; F1 opens the page, which bears the screen's name unless told.
+  HelpOpener ShowHelp;
   QString helpPage;
 
  protected:
@@ -35,14 +41,20 @@ class Screen : public QDialog {
   void hideEvent(QHideEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
+  void OpenHelp() const;
+  // Moves the pointer there once the window stands, if the player wants that and the platform can.
+  void SnapPointerTo(QWidget& control);
+
   Game& g;
 
  private:
+  bool HasOwnSize() const;
+
   std::optional<ScreenId> id_;
   int filling_ = 0;
 };
 
-// Brings a rectangle into the visible area of the screens, smaller if it must.
+// Brings a rectangle into the visible area of its screen, smaller if it must.
 QRect IntoView(const QRect& wanted);
 
 }  // namespace rollwick
