@@ -5,24 +5,21 @@
 #include <array>
 #include <filesystem>
 #include <memory>
-#include <span>
-#include <string>
 #include <vector>
 
 #include "engine/state/Game.h"
 #include "files/SoundSets.h"
+#include "ui/sound/SoundOutput.h"
 
 namespace rollwick {
 
 class SoundPlayer {
  public:
   // `folders` are looked through for sound sets, the first one first.
-  explicit SoundPlayer(std::vector<std::filesystem::path> folders);
-  ~SoundPlayer();
-  SoundPlayer(const SoundPlayer&) = delete;
-  SoundPlayer& operator=(const SoundPlayer&) = delete;
+  explicit SoundPlayer(const std::vector<std::filesystem::path>& folders,
+                       std::unique_ptr<SoundOutput> output = MakeSpeakers());
 
-  const std::vector<SoundSet>& Sets(SoundKind kind) const;
+  const std::vector<SoundSet>& Sets(SoundKind kind) const { return sets_[static_cast<std::size_t>(kind)]; }
 
   // By the game's choices of voice and sounds, its volume and its switches; called after what it tells of has
   // happened. Calls are queued behind each other (the total, "hard way"), other sounds play at once.
@@ -34,9 +31,14 @@ class SoundPlayer {
   void StopAll();
 
  private:
-  class Output;  // the one place that knows the multimedia library
-  std::unique_ptr<Output> output_;
+  // Silent for a set or a sound that there is not.
+  void PlayFrom(const Game& g, SoundKind kind, int index, int entry);
+  void Send(const Game& g, SoundChannel channel, const std::filesystem::path& file);
+
+  std::unique_ptr<SoundOutput> output_;
   std::array<std::vector<SoundSet>, 4> sets_;
+  std::filesystem::path chipsShower_;  // of the broken bank; empty: there is none
+  int volume_ = 100;
 };
 
 // The calls that a sound of the table is made of, in their order; empty for sounds that are none of the

@@ -1,0 +1,17 @@
+# Every option a program tells of in its help stands in its manual page. PROGRAM, PAGE, and COMMANDS: a list of its
+# commands, their words joined by a colon.
+file(READ ${PAGE} page)
+string(REPLACE "\\-" "-" page "${page}")
+foreach(command "" ${COMMANDS})
+  string(REPLACE ":" ";" words "${command}")
+  execute_process(COMMAND ${PROGRAM} ${words} --help OUTPUT_VARIABLE help COMMAND_ERROR_IS_FATAL ANY)
+  string(REGEX MATCHALL "--[a-z][a-z-]+" options "${help}")
+  if(NOT options)
+    message(FATAL_ERROR "${PROGRAM} ${command} tells of no options")
+  endif()
+  foreach(option ${options})
+    if(NOT page MATCHES "${option}[^a-z-]")
+      message(SEND_ERROR "${PAGE} lacks ${option} of ${PROGRAM} ${command}")
+    endif()
+  endforeach()
+endforeach()
