@@ -2,6 +2,9 @@
 // one step of undo for each. Nothing of it happens while the dice roll.
 #pragma once
 
+#include <array>
+#include <cstddef>
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -66,9 +69,45 @@ class TableHand {
   void Forget();
 
  private:
+  // What one action did to a slot.
+  struct SlotChange {
+    BetId slot = 0;
+    Money before, after;
+    std::int32_t workingBefore = 0, workingAfter = 0;  // of bets
+  };
+  using Action = std::vector<SlotChange>;
+
+  // The table as an action found or left it. When it is another one meanwhile (a transaction at the ATM, a
+  // new rule, a script, a throw), the steps before do not fit it any more.
+  struct Stand {
+    std::array<Money, kSlotCount> amounts{};
+    std::array<std::int32_t, kBetCount + 1> working{};
+    Money totalBets;
+    TableRules rules;  // without the switches of the notices
+    std::int32_t point = 0;
+    std::int32_t rolls = 0;
+    bool operator==(const Stand&) const = default;
+  };
+
+  Stand StandNow() const;
+  bool IsBusy() const;
+  void ForgetSteps();
+  void Act(const std::function<void()>& change);
+  void AddStep(const Stand& before);
+  void WriteBack(const SlotChange& change, bool isUndo);
+  void MoveChips(BetId from, BetId to);
+
   Game& g_;
   ClickMode mode_ = ClickMode::Bet;
   std::optional<CarriedChips> carried_;
+
+  std::vector<Action> steps_;
+  std::size_t done_ = 0;  // steps before it can be undone, from it on done again
+  Stand left_;            // as the last of them left it
+  bool isActing_ = false;
+
+  std::array<Money, kBetCount + 1> lastBets_{};  // at the first throw of a hand that had any
+  std::int32_t lastBetsHand_ = -1;               // hands completed before that one
 };
 
 }  // namespace rollwick
