@@ -39,10 +39,13 @@ std::optional<SlotRange> TargetsOf(AutoBetRun& run, const ScriptStep& step) {
   }
 }
 
+bool StaysOffTheLine(std::int32_t target) {
+  return target == Target::AllPlace || target == Target::InsidePlace || target == Target::OutsidePlace;
+}
+
 // Place bets stay off the number the line bet already covers, unless a Come bet has travelled there too.
 bool IsCoveredByLine(const Game& g, std::int32_t target, BetId slot) {
-  if (target != Target::AllPlace && target != Target::InsidePlace && target != Target::OutsidePlace)
-    return false;
+  if (!StaysOffTheLine(target)) return false;
   if (!g.AutoRemovePlaceBets || g.BetAmount[Bet::PassLine] <= Money()) return false;
   return NumberOf(slot) == g.Point && g.BetAmount[ComeOn(g.Point)] <= Money();
 }
@@ -203,8 +206,17 @@ void BetInput(AutoBetRun& run, const ScriptStep& step) {
 
 }  // namespace
 
+std::optional<SlotRange> FixedTargetsOf(std::int32_t code) {
+  if (IsBet(code)) return SlotRange{code, code};
+  return StaysOffTheLine(code) ? std::nullopt : GroupOfValue(code);
+}
+
 void ExecuteAction(AutoBetRun& run, const ScriptStep& step) {
   Game& g = run.g;
+  if (step.Op == Verb::Bet && step.RightFirst <= step.RightLast) {
+    for (BetId slot = step.RightFirst; slot <= step.RightLast; ++slot) PutUp(g, slot, step.Amount);
+    return;
+  }
   const auto value = [&](Moment moment) { return ValueOf(run, moment, step.LeftCode, step.LeftIndex); };
   if (IsBetFamily(step.Op)) {
     return OnEachTarget(run, step, [&](BetId slot) { ChangeAmount(run, step, slot); });

@@ -12,30 +12,8 @@ namespace rollwick {
 
 namespace {
 
-// Compares by Compare::EqualAmount..NotLessItem; false for any other comparison.
-bool CompareAmounts(Money left, std::int32_t op, Money right) {
-  switch (op) {
-    case Compare::EqualAmount:
-    case Compare::EqualItem:
-      return left == right;
-    case Compare::NotEqualAmount:
-    case Compare::NotEqualItem:
-      return left != right;
-    case Compare::GreaterAmount:
-    case Compare::GreaterItem:
-      return left > right;
-    case Compare::NotGreaterAmount:
-    case Compare::NotGreaterItem:
-      return left <= right;
-    case Compare::LessAmount:
-    case Compare::LessItem:
-      return left < right;
-    case Compare::NotLessAmount:
-    case Compare::NotLessItem:
-      return left >= right;
-    default:
-      return false;
-  }
+bool Accepts(std::int32_t signs, Money left, Money right) {
+  return ((signs >> (1 + (left > right ? 1 : 0) - (left < right ? 1 : 0))) & 1) != 0;
 }
 
 struct Verdict {
@@ -64,19 +42,19 @@ bool IsWhile(std::int32_t kind) {
 // ---- Counters and events of the game.
 
 Verdict Counter(const ScriptStep& step, Money amount, std::int32_t count, bool mayBeNew) {
-  return {CompareAmounts(Dollars(count), step.Op, amount),
-          mayBeNew && !CompareAmounts(Dollars(count - 1), step.Op, amount)};
+  return {Accepts(step.Accepts, Dollars(count), amount),
+          mayBeNew && !Accepts(step.Accepts, Dollars(count - 1), amount)};
 }
 
 Verdict LastShooterCounter(const Game& g, const ScriptStep& step, Money amount, HandStat stat) {
-  return {CompareAmounts(Dollars(g.HandStats[stat]), step.Op, amount),
+  return {Accepts(step.Accepts, Dollars(g.HandStats[stat]), amount),
           g.HandStats[HandRolls] == 0 && g.HandStats[HandsCompleted] > 0};
 }
 
 Verdict Hours(const Game& g, const ScriptStep& step, Money amount) {
   if (g.RollsPerHour == Money()) return {};
   const auto holds = [&](std::int32_t rolls) {
-    return CompareAmounts(Quotient(Dollars(rolls), g.RollsPerHour), step.Op, amount);
+    return Accepts(step.Accepts, Quotient(Dollars(rolls), g.RollsPerHour), amount);
   };
   return {holds(g.RollCount()), !holds(g.RollCount() - 1)};
 }
@@ -159,7 +137,7 @@ Verdict GameCondition(const Game& g, const ScriptStep& step, Money amount) {
 
 Verdict AvailableBankrollCondition(const Game& g, const ScriptStep& step, Money amount) {
   const Money available = g.Rules.AllowNegBankroll ? g.BetAmount[SlotBankroll] : AvailableBankroll(g);
-  return Both(CompareAmounts(available, step.Op, amount));
+  return Both(Accepts(step.Accepts, available, amount));
 }
 
 // ---- Flags.
@@ -250,8 +228,7 @@ class RangedCondition {
         g_(run.g),
         step_(step),
         amount_(amount),
-        comparesItems_(IsComparisonWithItem(step.Op) || step.Op == Compare::IsNamed ||
-                       step.Op == Compare::IsNotNamed),
+        comparesItems_(!step.HasTypedAmount),
         isAny_(IsAny(step.LeftCode)),
         isAll_(IsAll(step.LeftCode)),
         asksForStreak_(IsStreak(step.Op)) {}
@@ -291,8 +268,10 @@ class RangedCondition {
   Amounts AmountsOf(BetId slot, std::int32_t averageRolls) const {
     if (slot == kAverage) return {MovingAverage(g_, 0, averageRolls), MovingAverage(g_, 1, averageRolls)};
     if (slot == kAvailable) return {AvailableBankroll(g_), AvailableBankroll(g_)};
-    return {g_.BetAmount[slot], g_.BetAfterSettle[slot]};
+    return TableAmounts(slot);
   }
+
+  Amounts TableAmounts(BetId slot) const { return {g_.BetAmount[slot], g_.BetAfterSettle[slot]}; }
 
   Sums SumsOf(const SlotRange& range) {
     SafeSum now, before;
@@ -311,10 +290,28 @@ class RangedCondition {
     return sums;
   }
 
+  bool AsksForCount() const { return step_.Op >= Compare::CountIs && step_.Op <= Compare::CountLess; }
+
+  // How many bets of the group stand, which the most used totals ask for.
+  Verdict Count() {
+    std::int32_t now = 0, before = 0;
+    for (BetId slot = left_.first; slot <= left_.last; ++slot) {
+      now += g_.BetAmount[slot] > Money() ? 1 : 0;
+      before += g_.BetAfterSettle[slot] > Money() ? 1 : 0;
+    }
+    const auto holds = [this](std::int32_t bets) {
+      const Money count = Dollars(bets);
+      return step_.Op == Compare::CountIs     ? count == amount_
+             : step_.Op == Compare::CountMore ? count > amount_
+                                              : count < amount_;
+    };
+    return {holds(now), !holds(before)};
+  }
+
   Verdict Total() {
+    if (AsksForCount()) return Count();
     const Sums sums = SumsOf(left_);
     const Money won = Dollars(sums.wonRun), lost = Dollars(-sums.lostRun);
-    const auto count = [](std::int32_t bets) { return Dollars(bets); };
     bool now = false, was = false;
     switch (step_.Op) {
       case Compare::HasWon:
@@ -329,15 +326,6 @@ class RangedCondition {
       case Compare::HasLostMore:
         now = lost > amount_, was = sums.sameStreaks;
         break;
-      case Compare::CountIs:
-        now = count(sums.countNow) == amount_, was = count(sums.countBefore) == amount_;
-        break;
-      case Compare::CountMore:
-        now = count(sums.countNow) > amount_, was = count(sums.countBefore) > amount_;
-        break;
-      case Compare::CountLess:
-        now = count(sums.countNow) < amount_, was = count(sums.countBefore) < amount_;
-        break;
       default:
         std::tie(now, was) = CompareElement(kTotalOfLeft, sums.amount);
     }
@@ -345,12 +333,15 @@ class RangedCondition {
   }
 
   // Newness looks back only at elements that had something: a bet that was empty is left out of the record.
-  Verdict Walk() {
+  // `amountsOf` and `compare` say what stands in a slot, and whether the condition holds for it now and
+  // before.
+  template <class AmountsOfSlot, class CompareSlot>
+  Verdict Walk(AmountsOfSlot amountsOf, CompareSlot compare) {
     const bool needsAmount = (isAny_ || isAll_) && amount_ != Money();
     bool holds = false, anyWasTrue = false, someWasFalse = false;
     for (BetId slot = left_.first; slot <= left_.last; ++slot) {
-      const Amounts amounts = AmountsOf(slot, step_.LeftIndex);
-      const auto [now, was] = asksForStreak_ ? StreakOf(slot) : CompareElement(slot, amounts);
+      const Amounts amounts = amountsOf(slot);
+      const auto [now, was] = compare(slot, amounts);
       if (!needsAmount || amounts.before > Money()) (was ? anyWasTrue : someWasFalse) = true;
       if (needsAmount && amounts.now == Money()) continue;
       if (now) {
@@ -365,21 +356,35 @@ class RangedCondition {
     return {holds, !anyWasTrue || (isAll_ && someWasFalse) || g_.RollCount() == 0};
   }
 
-  std::pair<bool, bool> StreakOf(BetId slot) const {
-    return IsBet(slot) ? Streak(g_.BetStreak[slot][1], g_.BetStreak[slot][0]) : Streak(0, 0);
+  // A table of its own for each kind of slot and comparison that most conditions are about.
+  Verdict Walk() {
+    const auto inTable = [this](BetId slot) { return TableAmounts(slot); };
+    if (asksForStreak_) {
+      const bool isLoss = IsLossStreak(step_.Op);
+      const std::int32_t opOfWins = isLoss ? step_.Op - 2 : step_.Op;  // the same comparison
+      const auto streak = [this, opOfWins, sign = isLoss ? -1 : 1](BetId slot, const Amounts&) {
+        return StreakOf(slot, opOfWins, sign);
+      };
+      if (left_.first >= 0) return Walk(inTable, streak);
+      return Walk([this](BetId slot) { return AmountsOf(slot, step_.LeftIndex); }, streak);
+    }
+    if (left_.first >= 0 && step_.HasTypedAmount && step_.Accepts != 0)
+      return Walk(inTable, [this](BetId, const Amounts& left) { return CompareTyped(left); });
+    return Walk([this](BetId slot) { return AmountsOf(slot, step_.LeftIndex); },
+                [this](BetId slot, const Amounts& left) { return CompareElement(slot, left); });
   }
 
-  // Wins, or losses as a run with the sign turned.
-  std::pair<bool, bool> Streak(std::int32_t streak, std::int32_t before) const {
-    std::int32_t op = step_.Op;
-    if (IsLossStreak(op)) {
-      streak = -streak, before = -before;
-      op -= 2;  // to the same comparison of wins
-    }
+  // Wins, or losses as a run with the sign turned. Slots that are no bets have no run.
+  std::pair<bool, bool> StreakOf(BetId slot, std::int32_t opOfWins, std::int32_t sign) const {
+    if (!IsBet(slot)) return Streak(opOfWins, 0, 0);
+    return Streak(opOfWins, sign * g_.BetStreak[slot][1], sign * g_.BetStreak[slot][0]);
+  }
+
+  std::pair<bool, bool> Streak(std::int32_t opOfWins, std::int32_t streak, std::int32_t before) const {
     const Money run = Dollars(streak), runBefore = Dollars(before);
     const bool wonThisRoll = streak > 0 && streak > before;
     const bool each = amount_ == Money();
-    switch (op) {
+    switch (opOfWins) {
       case Compare::HasWon:
         return each ? std::pair(wonThisRoll, false) : std::pair(run == amount_, runBefore == amount_);
       case Compare::HasNotWon:
@@ -393,17 +398,20 @@ class RangedCondition {
 
   std::pair<bool, bool> CompareElement(BetId slot, const Amounts& left) {
     if (comparesItems_) return IsTotal(step_.RightCode) ? CompareWithTotal(left) : ComparePairs(slot, left);
-    if (step_.Op >= Compare::CountIs && step_.Op <= Compare::CountLess && IsTotal(step_.RightCode))
-      return CompareWithCount(left);
-    return {CompareAmounts(left.now, step_.Op, amount_), CompareAmounts(left.before, step_.Op, amount_)};
+    if (AsksForCount() && IsTotal(step_.RightCode)) return CompareWithCount(left);
+    return CompareTyped(left);
+  }
+
+  std::pair<bool, bool> CompareTyped(const Amounts& left) const {
+    return {Accepts(step_.Accepts, left.now, amount_), Accepts(step_.Accepts, left.before, amount_)};
   }
 
   // Meant: a total that takes in the left item is no comparison at all.
   std::pair<bool, bool> CompareWithTotal(const Amounts& left) {
     if (left_.first <= right_.last && right_.first <= left_.last) return {false, false};
     const Sums right = SumsOf(right_);
-    return {CompareAmounts(left.now, step_.Op, right.amount.now),
-            CompareAmounts(left.before, step_.Op, right.amount.before)};
+    return {Accepts(step_.Accepts, left.now, right.amount.now),
+            Accepts(step_.Accepts, left.before, right.amount.before)};
   }
 
   // Only a file can ask for this.
@@ -414,8 +422,9 @@ class RangedCondition {
     const std::int32_t op = step_.Op == Compare::CountIs     ? Compare::EqualAmount
                             : step_.Op == Compare::CountMore ? Compare::GreaterAmount
                                                              : Compare::LessAmount;
-    return {CompareAmounts(left.now, op, Dollars(right.countNow)),
-            CompareAmounts(left.before, op, Dollars(right.countBefore))};
+    const std::int32_t signs = AcceptedSigns(op);
+    return {Accepts(signs, left.now, Dollars(right.countNow)),
+            Accepts(signs, left.before, Dollars(right.countBefore))};
   }
 
   std::pair<bool, bool> ComparePairs(BetId slot, const Amounts& left) {
@@ -445,8 +454,7 @@ class RangedCondition {
   // No earlier names are kept, so a name is always new.
   std::pair<bool, bool> Pair(BetId other, const Amounts& left, const Amounts& right) {
     if (IsComparisonWithItem(step_.Op)) {
-      return {CompareAmounts(left.now, step_.Op, right.now),
-              CompareAmounts(left.before, step_.Op, right.before)};
+      return {Accepts(step_.Accepts, left.now, right.now), Accepts(step_.Accepts, left.before, right.before)};
     }
     // Meant: without a right item this is the name of Chip-Stack 1, whatever stands on the left.
     const BetId stack = other + 1;
@@ -470,10 +478,9 @@ class RangedCondition {
   SlotRange right_;
 };
 
-// What the left item is compared with: the typed amount, or what the right item stands at.
+// What the right item stands at; a comparison of names has no amount.
 Money AmountOf(AutoBetRun& run, const ScriptStep& step) {
-  if (step.Op == Compare::IsNamed || step.Op == Compare::IsNotNamed) return {};
-  if (!IsComparisonWithItem(step.Op)) return step.Amount;
+  if (!IsComparisonWithItem(step.Op)) return {};
   const auto group = GroupOfItem(step.RightCode);
   if (!group) return ValueOf(run, Moment::Now, step.RightCode, step.RightIndex);
   SafeSum sum;
@@ -487,23 +494,71 @@ bool IsMissing(AutoBetRun& run, std::int32_t code, std::int32_t index) {
   return FirstOfPointItem(code) != 0 && run.g.Point == 0;
 }
 
-Verdict Evaluate(AutoBetRun& run, const ScriptStep& step) {
-  if (IsComparisonWithItem(step.Op) && IsMissing(run, step.RightCode, step.RightIndex)) return {};
-  const Money amount = AmountOf(run, step);
-  if (!run.error.empty()) return {};
-  const std::int32_t left = step.LeftCode;
-  if (left >= Item::FirstOutcome && left <= Item::LastOutcome) return Outcome(run.g, step, amount);
-  if (left == Item::Flag) return OneFlag(run.g, step);
-  if (left > Item::Flag && left <= Item::FalseFlags) return ManyFlags(run.g, step);
-  if (left == Item::AvailableBankroll) return AvailableBankrollCondition(run.g, step, amount);
-  if ((left >= Item::OnEachRoll && left < Item::Bankroll) || left == Item::SimulatedHours ||
-      left == Item::Initializing) {
-    return GameCondition(run.g, step, amount);
-  }
+// Out of the way of the small tests.
+[[gnu::noinline]] Verdict TestSlotsOf(AutoBetRun& run, const ScriptStep& step, Money amount) {
   return RangedCondition(run, step, amount).Evaluate();
 }
 
+Verdict Evaluate(AutoBetRun& run, const ScriptStep& step) {
+  Money amount = step.Amount;
+  if (!step.HasTypedAmount) {
+    if (IsComparisonWithItem(step.Op) && IsMissing(run, step.RightCode, step.RightIndex)) return {};
+    amount = AmountOf(run, step);
+    if (!run.error.empty()) return {};
+  }
+  switch (step.Test) {
+    case TestGame:
+      return GameCondition(run.g, step, amount);
+    case TestOutcome:
+      return Outcome(run.g, step, amount);
+    case TestFlag:
+      return OneFlag(run.g, step);
+    case TestFlags:
+      return ManyFlags(run.g, step);
+    case TestAvailable:
+      return AvailableBankrollCondition(run.g, step, amount);
+    default:
+      return TestSlotsOf(run, step, amount);
+  }
+}
+
 }  // namespace
+
+ConditionTest TestOf(std::int32_t left) {
+  if (left >= Item::FirstOutcome && left <= Item::LastOutcome) return TestOutcome;
+  if (left == Item::Flag) return TestFlag;
+  if (left > Item::Flag && left <= Item::FalseFlags) return TestFlags;
+  if (left == Item::AvailableBankroll) return TestAvailable;
+  const bool isOfGame = (left >= Item::OnEachRoll && left < Item::Bankroll) || left == Item::SimulatedHours ||
+                        left == Item::Initializing;
+  return isOfGame ? TestGame : TestSlots;
+}
+
+std::int16_t AcceptedSigns(std::int32_t op) {
+  constexpr std::int16_t kBelow = 1, kEqual = 2, kAbove = 4;
+  switch (op) {
+    case Compare::EqualAmount:
+    case Compare::EqualItem:
+      return kEqual;
+    case Compare::NotEqualAmount:
+    case Compare::NotEqualItem:
+      return kBelow | kAbove;
+    case Compare::GreaterAmount:
+    case Compare::GreaterItem:
+      return kAbove;
+    case Compare::NotGreaterAmount:
+    case Compare::NotGreaterItem:
+      return kBelow | kEqual;
+    case Compare::LessAmount:
+    case Compare::LessItem:
+      return kBelow;
+    case Compare::NotLessAmount:
+    case Compare::NotLessItem:
+      return kEqual | kAbove;
+    default:
+      return 0;
+  }
+}
 
 std::optional<SlotRange> FixedRangeOf(std::int32_t code, std::int32_t index) {
   if (const auto group = GroupOfItem(code)) return group;

@@ -88,12 +88,22 @@ void DecodeScript(Game& g) {
     step.AllNumbers =
         line.RightCode == Item::AllNumbers ||
         (line.RightCode == Item::BoxNumbers && line.Text.find("all the numbers") != std::string::npos);
+    if (line.Kind == KindCondition) {
+      step.Test = TestOf(line.LeftCode);
+      step.Accepts = AcceptedSigns(line.Op);
+      step.HasTypedAmount =
+          !IsComparisonWithItem(line.Op) && line.Op != Compare::IsNamed && line.Op != Compare::IsNotNamed;
+    }
     FixRange(step.LeftFirst, step.LeftLast, FixedRangeOf(line.LeftCode, line.LeftIndex));
-    FixRange(step.RightFirst, step.RightLast, FixedRangeOf(line.RightCode, line.RightIndex));
+    FixRange(step.RightFirst, step.RightLast,
+             line.Kind == KindAction ? FixedTargetsOf(line.RightCode)
+                                     : FixedRangeOf(line.RightCode, line.RightIndex));
     g.ScriptProgram.push_back(step);
     before = &line;
   }
   LinkSteps(g.ScriptProgram);
+  g.ScriptStopPlaces.clear();
+  g.ScriptStops.assign(1, {});
   g.ScriptIsDecoded = true;
 }
 

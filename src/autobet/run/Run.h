@@ -13,18 +13,10 @@
 
 namespace rollwick {
 
-struct AutoBetRun {
+struct AutoBetRun : ScriptState {
   explicit AutoBetRun(Game& game) : g(game) {}
 
   Game& g;
-
-  bool blockTrue = false;      // all conditions of the block so far were true
-  bool lineOccurred = false;   // the last condition tested is true and was not before this roll
-  bool blockOccurred = false;  // the same of some condition of the part since the last start line
-  std::int32_t blockKind = 0;  // LineKind of the last start line met
-  bool prevBlockTrue = false;  // result of the block before, for or and xor
-  std::int32_t xorMode = 0;    // KindXorWhen or KindXorWhile while such a block is open
-  bool decided = false;        // the conditions as a whole are true; the rest of them is not tested
 
   std::int32_t jumpTo = 0;     // asked for by an action: line of a label, -1 for one that is not there
   bool returnPending = false;  // asked for by an action
@@ -83,9 +75,38 @@ Money MoneyFrom(AutoBetRun& run, double dollars);
 // Rebuilds g.ScriptProgram from the lines.
 void DecodeScript(Game& g);
 
+// What a condition tests, so that a run need not ask what its items are.
+enum ConditionTest : std::int16_t { TestSlots, TestGame, TestOutcome, TestFlag, TestFlags, TestAvailable };
+ConditionTest TestOf(std::int32_t leftCode);
+
+// Of a comparison of amounts the signs of left minus right for which it holds: bit 0 below, 1 equal, 2 above;
+// 0 for other comparisons.
+std::int16_t AcceptedSigns(std::int32_t op);
+
 // The slots of an item of a condition that are the same in every roll, the bankroll's figures as slots below
 // 0; nothing for other items.
 std::optional<SlotRange> FixedRangeOf(std::int32_t code, std::int32_t index);
+
+// What the step screen is told of the line at work; nothing unless steps are shown.
+inline bool IsTraced(const Game& g) {
+  return g.StepTraceOn && !g.HyperDriveActive;
+}
+void ShowStep(Game& g, std::string_view status);
+inline void Trace(Game& g, std::string_view status) {
+  if (IsTraced(g)) ShowStep(g, status);
+}
+
+// Whether a condition or an action, and those behind it up to the next line of another kind, are passed over.
+bool IsPassedOver(const ScriptState& state, std::int32_t kind);
+
+// A start line, or a label jumped to, takes over.
+void DescribeStep(AutoBetRun& run, std::int32_t kind);
+
+// What a line that is no condition and no action makes of the run's state.
+void VisitLine(AutoBetRun& run, const ScriptStep& step);
+
+// The slots of an action's target that are the same in every roll and all of them meant; nothing for others.
+std::optional<SlotRange> FixedTargetsOf(std::int32_t code);
 
 // Tests a condition line: sets blockTrue and lineOccurred.
 void EvaluateConditionLine(AutoBetRun& run, const ScriptStep& step);

@@ -1,4 +1,4 @@
-// The walk over the script: which blocks hold, which actions run, where it goes on.
+// The walk over the script: from each condition and action to the next one.
 #include "autobet/run/RunAutoBet.h"
 
 #include "autobet/model/Codes.h"
@@ -15,28 +15,6 @@ constexpr std::uint32_t kPauseMilliseconds = 300;
 
 // ---- What the step screen is told.
 
-constexpr std::string_view kAskForNew =
-    "This block of conditions will be true if each line is true and at least one has just occurred.";
-constexpr std::string_view kAskForTrue = "This block of conditions will be true if each line is true.";
-constexpr std::string_view kAlreadyFalse =
-    "Since some conditions are already false, this block will be skipped. ";
-constexpr std::string_view kXorWhen =
-    "This block of conditions will be true if each line is true and at least one has just occurred.  The xor "
-    "condition will be then be evaluated with it and the previous block. ";
-constexpr std::string_view kXorWhile =
-    "This block of conditions will be true if each line is true. The xor condition will be then be evaluated "
-    "with it and the previous block. ";
-constexpr std::string_view kThenTaken =
-    "Since the overall conditions were true, the next actions will be taken. ";
-constexpr std::string_view kThenSkipped =
-    "Since the overall conditions were false, the next actions will be skipped. ";
-constexpr std::string_view kElseSkipped =
-    "Since the previous actions were taken, the next actions will be skipped. ";
-constexpr std::string_view kElseTaken =
-    "Since the previous actions were skipped, the next actions will be taken. ";
-constexpr std::string_view kDoThis = "This block of actions will be executed directly. ";
-constexpr std::string_view kJumpedTo = "A \"Go to\" or \"GoSub\" statement has caused a jump to this label. ";
-constexpr std::string_view kLabelPassed = "This label was encountered normally.";
 constexpr std::string_view kReturned =
     "A \"Return\" statement has caused a jump back to this \"GoSub\" statement.  Processing will resume with "
     "the "
@@ -47,118 +25,6 @@ constexpr std::string_view kReturnIgnored =
 constexpr std::string_view kFalse = "Condition is false. ";
 constexpr std::string_view kTrueAndNew = "Condition is true (just now occurred). ";
 constexpr std::string_view kTrueNotNew = "Condition is true (not a new occurrence). ";
-constexpr std::string_view kNoneNew =
-    "All the conditions in the block were true, but none have just now occurred - so the block is false. ";
-constexpr std::string_view kAllTrue = "All the conditions in the block were true. ";
-constexpr std::string_view kSomeFalse = "At least one condition was false, so the block is false. ";
-constexpr std::string_view kXorTrueByPrevious =
-    "However, the previous block was true, therefore the xor condition is true. ";
-constexpr std::string_view kXorBothFalse =
-    "And since the previous block was also false, the xor condition is false. ";
-constexpr std::string_view kXorBothTrue =
-    "However, the previous block was also true, therefore the xor condition is false. ";
-constexpr std::string_view kXorTrue =
-    "And since the previous block was false, the xor condition is also true. ";
-
-void ShowStep(Game& g, std::string_view status, std::string_view more, bool isOfLine) {
-  StepTrace trace;
-  if (isOfLine) {
-    trace.lineNumber = "Line #" + std::to_string(g.CurrentLine);
-    trace.step = g.ScriptLines[static_cast<std::size_t>(g.CurrentLine - 1)].Text;
-  }
-  trace.status = "Status: " + std::string(status) + std::string(more);
-  g.TheHost->ShowStep(g, trace);
-}
-
-bool IsTraced(const Game& g) {
-  return g.StepTraceOn && !g.HyperDriveActive;
-}
-void Trace(Game& g, std::string_view status) {
-  if (IsTraced(g)) ShowStep(g, status, {}, true);
-}
-void TraceBlock(Game& g, std::string_view status, std::string_view more) {
-  if (IsTraced(g)) ShowStep(g, status, more, false);
-}
-
-std::string_view StartText(const AutoBetRun& run, std::int32_t kind) {
-  switch (kind) {
-    case KindWhen:
-    case KindOrWhen:
-      return kAskForNew;
-    case KindWhile:
-    case KindOrWhile:
-      return kAskForTrue;
-    case KindAndWhen:
-      return run.blockTrue ? kAskForNew : kAlreadyFalse;
-    case KindAndWhile:
-      return run.blockTrue ? kAskForTrue : kAlreadyFalse;
-    case KindXorWhen:
-      return kXorWhen;
-    case KindXorWhile:
-      return kXorWhile;
-    case KindThen:
-      return run.decided ? kThenTaken : kThenSkipped;
-    case KindElse:
-      return run.decided ? kElseSkipped : kElseTaken;
-    case KindDoThis:
-      return kDoThis;
-    default:
-      return kJumpedTo;
-  }
-}
-
-// ---- Blocks.
-
-// A start line, or a label jumped to, takes over.
-void DescribeStep(AutoBetRun& run, std::int32_t kind) {
-  run.blockKind = kind;
-  run.blockOccurred = false;
-  if (kind == KindXorWhen || kind == KindXorWhile) run.xorMode = kind;
-  if (IsTraced(run.g)) Trace(run.g, StartText(run, kind));
-}
-
-// The block of conditions above a line of this kind ends there: its result meets the one before it. The line
-// itself tells an `and` that goes on from an `or` or a `then`; before an `xor` the result is kept.
-void CloseBlock(AutoBetRun& run, std::int32_t kind) {
-  const bool isAnd = kind == KindAndWhen || kind == KindAndWhile;
-  const bool isXor = kind == KindXorWhen || kind == KindXorWhile;
-  const bool wasXor = run.xorMode != 0;
-  const bool previous = run.prevBlockTrue;
-  std::string_view words = kSomeFalse, xorWords;
-  if (run.blockTrue && !run.blockOccurred && AsksForNew(run.blockKind)) {
-    run.blockTrue = false;
-    // Meant: after an `xor while` the block before is forgotten here.
-    if (run.xorMode == KindXorWhen) {
-      if (previous) run.decided = true;
-    } else {
-      run.prevBlockTrue = false;
-    }
-    words = kNoneNew;
-    if (wasXor) xorWords = previous ? kXorTrueByPrevious : kXorBothFalse;
-  } else if (run.blockTrue) {
-    if (!wasXor) {
-      run.prevBlockTrue = true;
-    } else if (!isAnd && previous) {
-      run.prevBlockTrue = false;
-    } else if (!isAnd) {
-      run.decided = true;
-    }
-    words = kAllTrue;
-    if (wasXor) xorWords = previous ? kXorBothTrue : kXorTrue;
-  } else {
-    if (wasXor && previous) {
-      run.decided = true;
-    } else {
-      run.prevBlockTrue = false;
-    }
-    if (wasXor) xorWords = previous ? kXorTrueByPrevious : kXorBothFalse;
-  }
-  run.xorMode = 0;
-  if (run.prevBlockTrue && !isAnd && !isXor) run.decided = true;
-  if (run.decided && kind != KindThen) return;
-  TraceBlock(run.g, words, xorWords);
-  DescribeStep(run, kind);
-}
 
 void TestCondition(AutoBetRun& run, const ScriptStep& step) {
   EvaluateConditionLine(run, step);
@@ -177,48 +43,6 @@ void TakeAction(AutoBetRun& run, const ScriptStep& step) {
   if (run.error.empty()) Trace(run.g, isIgnored ? kReturnIgnored : "Action taken.");
 }
 
-// Whether a condition or an action, and those behind it up to the next line of another kind, are passed over.
-bool IsPassedOver(const AutoBetRun& run, std::int32_t kind) {
-  if (kind == KindCondition) return run.decided || !run.blockTrue;
-  return kind == KindAction &&
-         ((run.blockKind == KindThen && !run.decided) || (run.blockKind == KindElse && run.decided));
-}
-
-void VisitLine(AutoBetRun& run, const ScriptStep& step) {
-  switch (step.Kind) {
-    case KindWhen:
-    case KindWhile:
-      run.decided = run.prevBlockTrue = false;
-      run.blockTrue = true;
-      return DescribeStep(run, step.Kind);
-    case KindAndWhen:
-    case KindAndWhile:
-      if (run.blockTrue && !run.lineOccurred && AsksForNew(run.blockKind)) return CloseBlock(run, step.Kind);
-      return DescribeStep(run, step.Kind);
-    case KindOrWhen:
-    case KindOrWhile:
-    case KindXorWhen:
-    case KindXorWhile:
-      if (run.decided) return;
-      CloseBlock(run, step.Kind);
-      run.blockTrue = true;
-      return;
-    case KindCondition:
-      return TestCondition(run, step);
-    case KindThen:
-      return CloseBlock(run, step.Kind);
-    case KindElse:
-    case KindDoThis:
-      return DescribeStep(run, step.Kind);
-    case KindAction:
-      return TakeAction(run, step);
-    case KindLabel:
-      return Trace(run.g, kLabelPassed);
-    default:
-      return;
-  }
-}
-
 // ---- The walk.
 
 // Counts lines visited; lets the world act every so often, the only guard against a script that goes round
@@ -234,45 +58,102 @@ bool CountLines(AutoBetRun& run, std::int32_t lines) {
   return run.g.AutoBetRunning;
 }
 
-// The line behind the label, found from the top of the script; behind the last line when it is not there.
-std::int32_t Jump(AutoBetRun& run) {
-  Game& g = run.g;
-  const auto lines = static_cast<std::int32_t>(g.ScriptProgram.size());
-  const std::int32_t label = run.jumpTo;
-  run.jumpTo = 0;
-  if (!CountLines(run, label < 0 ? lines : label) || label < 0) return lines + 1;
-  g.CurrentLine = label;
-  DescribeStep(run, KindLabel);
-  return g.ScriptProgram[static_cast<std::size_t>(label - 1)].Next;
+const ScriptStep& StepAt(const Game& g, std::int32_t line) {
+  return g.ScriptProgram[static_cast<std::size_t>(line - 1)];
 }
 
-std::int32_t JumpBack(AutoBetRun& run) {
+ScriptStop& StopAt(Game& g, std::int32_t stop) {
+  return g.ScriptStops[static_cast<std::size_t>(stop)];
+}
+
+// From `line` to the next one that is a condition to be tested or an action to be taken.
+std::int32_t WalkToStop(AutoBetRun& run, std::int32_t line) {
   Game& g = run.g;
+  while (line <= std::ssize(g.ScriptProgram)) {
+    const ScriptStep& step = StepAt(g, line);
+    const bool isPassed = IsPassedOver(run, step.Kind);
+    if (!isPassed && (step.Kind == KindCondition || step.Kind == KindAction)) return line;
+    g.CurrentLine = line;
+    if (!isPassed) VisitLine(run, step);
+    line = isPassed ? step.Past : step.Next;
+  }
+  return line;
+}
+
+// The stop at this line in the run's state.
+std::int32_t FindStop(AutoBetRun& run, std::int32_t line) {
+  Game& g = run.g;
+  std::uint64_t key = static_cast<std::uint64_t>(line);
+  for (const bool bit : {run.blockTrue, run.lineOccurred, run.blockOccurred, run.prevBlockTrue, run.decided})
+    key = key * 2 + (bit ? 1 : 0);
+  key = key * 128 + static_cast<std::uint64_t>(run.blockKind);
+  key = key * 128 + static_cast<std::uint64_t>(run.xorMode);
+  const auto [place, isNew] =
+      g.ScriptStopPlaces.try_emplace(key, static_cast<std::int32_t>(g.ScriptStops.size()));
+  if (isNew) g.ScriptStops.push_back({line, run, {}});
+  return place->second;
+}
+
+// Walks from a stop at `line` (0 is the start) that the run has dealt with to the next one: straight on, or
+// where a jump or a return was asked for.
+ScriptWay FindWay(AutoBetRun& run, std::int32_t line) {
+  Game& g = run.g;
+  const auto end = static_cast<std::int32_t>(g.ScriptProgram.size()) + 1;
+  std::int32_t from = line == 0 ? 1 : StepAt(g, line).Next;
+  std::int32_t lines = 0;
+  if (run.jumpTo < 0) {  // to a label that is not there
+    lines = end - 1;
+    from = end;
+  } else if (run.jumpTo > 0) {  // the label was looked for from the top of the script
+    lines = run.jumpTo;
+    g.CurrentLine = run.jumpTo;
+    DescribeStep(run, KindLabel);
+    from = StepAt(g, run.jumpTo).Next;
+  } else if (run.returnPending) {
+    g.CurrentLine = run.returnLines.back();
+    run.returnLines.pop_back();
+    Trace(g, kReturned);
+    from = StepAt(g, g.CurrentLine).Next;
+  }
+  const std::int32_t stopLine = WalkToStop(run, from);
+  const std::int32_t behind = stopLine < end ? StepAt(g, stopLine).Next : end;
+  return {FindStop(run, stopLine), lines + behind - from};
+}
+
+// The same, remembered but for returns, which go where the call came from.
+[[gnu::noinline]] ScriptWay TakeNewWay(AutoBetRun& run, std::int32_t stop, std::size_t outcome) {
+  const ScriptWay way = FindWay(run, StopAt(run.g, stop).Line);
+  if (!run.returnPending) StopAt(run.g, stop).Ways[outcome] = way;
   run.returnPending = false;
-  g.CurrentLine = run.returnLines.back();
-  run.returnLines.pop_back();
-  Trace(g, kReturned);
-  return g.ScriptProgram[static_cast<std::size_t>(g.CurrentLine - 1)].Next;
+  return way;
 }
 
+// Tests the condition or takes the action at a stop. Returns which of its ways goes on from there.
+std::size_t DealWith(AutoBetRun& run, const ScriptStep& step) {
+  if (step.Kind == KindCondition) {
+    TestCondition(run, step);
+    return run.lineOccurred ? 2 : run.blockTrue ? 1 : 0;
+  }
+  TakeAction(run, step);
+  return run.jumpTo != 0 ? 1 : 0;
+}
+
+// Every line is visited anew while the steps are shown.
 void Walk(AutoBetRun& run) {
   Game& g = run.g;
-  const auto lines = static_cast<std::int32_t>(g.ScriptProgram.size());
-  std::int32_t line = 1;
-  while (line <= lines) {
-    const ScriptStep& step = g.ScriptProgram[static_cast<std::size_t>(line - 1)];
-    const bool isPassed = IsPassedOver(run, step.Kind);
-    const std::int32_t next = isPassed ? step.Past : step.Next;
-    g.CurrentLine = line;
-    if (!CountLines(run, next - line)) return;
-    line = next;
-    if (isPassed) continue;
-    VisitLine(run, step);
-    if (!g.AutoBetRunning) return;
-    if (step.Kind != KindAction && step.Kind != KindCondition) continue;
-    if (run.jumpTo != 0) line = Jump(run);
-    if (run.returnPending) line = JumpBack(run);
+  ScriptWay way = StopAt(g, 0).Ways[0];
+  if (way.Stop < 0 || IsTraced(g)) way = TakeNewWay(run, 0, 0);
+  while (CountLines(run, way.Lines)) {
+    const ScriptStop& stop = StopAt(g, way.Stop);
+    if (stop.Line > std::ssize(g.ScriptProgram)) return;
+    static_cast<ScriptState&>(run) = stop.State;
+    g.CurrentLine = stop.Line;
+    const std::size_t outcome = DealWith(run, StepAt(g, stop.Line));
     if (!run.error.empty() || !g.AutoBetRunning) return;
+    const std::int32_t from = way.Stop;
+    way = StopAt(g, from).Ways[outcome];
+    if (way.Stop < 0 || run.returnPending || IsTraced(g)) way = TakeNewWay(run, from, outcome);
+    run.jumpTo = 0;
   }
 }
 

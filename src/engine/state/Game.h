@@ -3,6 +3,7 @@
 
 #include <string>
 #include <type_traits>
+#include <unordered_map>
 #include <vector>
 
 #include "base/ByteFile.h"
@@ -58,8 +59,10 @@ struct Game : GameTables {
   std::string ScriptFilePath;
   std::string LoggedAutoBetName;          // ScriptFileName at the end of the last roll
   std::vector<ScriptStep> ScriptProgram;  // ScriptLines as a run takes them
-  bool ScriptIsDecoded = false;           // cleared by whoever changes lines or adds flags
-  std::string OutputFileName;             // as the script named it
+  std::vector<ScriptStop> ScriptStops;    // found so far; emptied when the steps are made anew
+  std::unordered_map<std::uint64_t, std::int32_t> ScriptStopPlaces;  // in ScriptStops, by line and state
+  bool ScriptIsDecoded = false;  // cleared by whoever changes lines or adds flags
+  std::string OutputFileName;    // as the script named it
   OutputFile ScriptOutput;
   bool OutputIsToReopen = false;  // at the next write, to go on behind what a loaded game wrote
 };

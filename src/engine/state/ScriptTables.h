@@ -1,6 +1,7 @@
 // The Auto-Bet script: its lines as they are logged, its flags, and what a run shares with the table.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string>
 
@@ -74,7 +75,38 @@ struct ScriptStep {
   std::int16_t LeftLast = -1;
   std::int16_t RightFirst = 0;
   std::int16_t RightLast = -1;
+  std::int16_t Test = 0;        // of a condition what kind of test it is
+  std::int16_t Accepts = 0;     // of a comparison the signs of left minus right that it holds for, as bits
+  bool HasTypedAmount = false;  // a condition reads Amount; else the amount is to be found
   Money Amount;
+};
+
+// What the conditions of a run have come to, between two lines.
+struct ScriptState {
+  bool blockTrue = false;      // all conditions of the block so far were true
+  bool lineOccurred = false;   // the last condition tested is true and was not before this roll
+  bool blockOccurred = false;  // the same of some condition of the part since the last start line
+  bool prevBlockTrue = false;  // result of the block before, for or and xor
+  bool decided = false;        // the conditions as a whole are true; the rest of them is not tested
+  std::int16_t blockKind = 0;  // LineKind of the last start line met
+  std::int16_t xorMode = 0;    // KindXorWhen or KindXorWhile while such a block is open
+};
+
+// The way from one stop of a run to the next, with the lines it counts for. Stop is -1 until it was walked.
+struct ScriptWay {
+  std::int32_t Stop = -1;
+  std::int32_t Lines = 0;
+};
+
+// Where a run tests a condition or takes an action, and in what state it arrives. The lines between two stops
+// only move the state, so a way found once is good until the script changes. Stop 0 is the start, before line
+// 1; the line behind the last one is the end.
+struct ScriptStop {
+  std::int32_t Line = 0;
+  ScriptState State;
+  // By what comes of the stop: a condition that is false, true, or true and new; an action that goes on or
+  // jumps.
+  std::array<ScriptWay, 3> Ways{};
 };
 
 struct ScriptTables {

@@ -18,7 +18,7 @@ std::string Judge(Game& g, const ScriptLine& line, std::int32_t startKind = Kind
   SetScript(g, {line});
   DecodeScript(g);
   AutoBetRun run(g);
-  run.blockKind = startKind;
+  run.blockKind = static_cast<std::int16_t>(startKind);
   g.CurrentLine = 1;
   EvaluateConditionLine(run, g.ScriptProgram[0]);
   if (!run.error.empty()) return run.error;
