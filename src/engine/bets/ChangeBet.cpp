@@ -1,5 +1,6 @@
 // The one gate through which every amount on the table changes.
 #include <algorithm>
+#include <array>
 
 #include "base/FormatNumber.h"
 #include "engine/bets/Payoffs.h"
@@ -328,17 +329,41 @@ Verdict FitToRules(Game& g, BetId bet, std::string& messageBeforeAdjust) {
   return Verdict::GoOn;
 }
 
+// What of the table bears on a request for a bet, beside the bet itself.
+struct Bearing {
+  bool hasContract = false;
+  bool seesPoint = false;
+  bool isFollowed = false;  // by odds or a vig
+  BetId flat = 0;           // of odds
+};
+
+constexpr auto kBearings = [] {
+  std::array<Bearing, kBetCount + 1> bearings{};
+  for (BetId bet = 1; bet <= kBetCount; ++bet) {
+    Bearing& bearing = bearings[static_cast<std::size_t>(bet)];
+    bearing.hasContract =
+        IsComeNumber(bet) || IsDontComeNumber(bet) || bet == Bet::PassLine || bet == Bet::DontPass;
+    bearing.seesPoint = bet >= Bet::PassLine && bet <= Bet::DontCome;
+    bearing.isFollowed = bearing.hasContract || IsBuy(bet) || IsLay(bet);
+    if (IsOdds(bet)) bearing.flat = FlatOf(bet);
+  }
+  return bearings;
+}();
+
+const Bearing& BearingOn(BetId bet) {
+  return kBearings[static_cast<std::size_t>(bet)];
+}
+
 ChangeRequest RequestOf(const Game& g, BetId bet) {
+  const Bearing& bearing = BearingOn(bet);
   ChangeRequest request;
   request.Amount = g.BetAmount[bet];
   request.Delta = g.BetDelta;
   request.IsTravelling = g.TravelPass;
   request.Bias = BiasOf(g, bet);
-  const bool hasContract =
-      IsComeNumber(bet) || IsDontComeNumber(bet) || bet == Bet::PassLine || bet == Bet::DontPass;
-  if (hasContract) request.Contract = g.BetContract[bet];
-  if (IsOdds(bet)) request.Flat = g.BetAmount[FlatOf(bet)];
-  if (bet >= Bet::PassLine && bet <= Bet::DontCome) request.Point = g.Point;
+  if (bearing.hasContract) request.Contract = g.BetContract[bet];
+  if (bearing.flat != 0) request.Flat = g.BetAmount[bearing.flat];
+  if (bearing.seesPoint) request.Point = g.Point;
   return request;
 }
 
@@ -348,17 +373,17 @@ KnownChange& PlaceOf(Game& g, BetId bet, const ChangeRequest& request) {
       (bits(request.Amount) * 3 + bits(request.Delta) * 5 + bits(request.Contract) * 7 +
        bits(request.Flat) * 11 + static_cast<std::uint64_t>(request.Point)) *
       0x9E3779B97F4A7C15u;
-  return g.TheLedger.Changes[static_cast<std::size_t>(bet)][mixed >> 60];
+  return g.TheLedger.Changes[static_cast<std::size_t>(bet)][mixed >> kKnownChangesShift];
 }
 
 // FitToRules with nobody to be told anything: most requests of a long run have been made before.
 Verdict FitAsBefore(Game& g, BetId bet) {
   const ChangeRequest request = RequestOf(g, bet);
   KnownChange& known = PlaceOf(g, bet, request);
-  if (!known.IsKnown || known.Request != request) {
+  if (known.RulesNumber != g.TheLedger.RulesNumber || known.Request != request) {
     std::string message;
     const bool isRefused = FitToRules(g, bet, message) == Verdict::Leave;
-    known = {true, isRefused, request, g.BetDeltaApplied, g.BetMin, g.BetMax};
+    known = {g.TheLedger.RulesNumber, isRefused, request, g.BetDeltaApplied, g.BetMin, g.BetMax};
   }
   g.BetDeltaApplied = known.Applied;
   if (known.IsRefused) return Verdict::Leave;
@@ -367,24 +392,37 @@ Verdict FitAsBefore(Game& g, BetId bet) {
   return Verdict::GoOn;
 }
 
-bool HasOddsOrVig(BetId bet) {
-  return bet == Bet::PassLine || bet == Bet::DontPass || IsComeNumber(bet) || IsDontComeNumber(bet) ||
-         IsBuy(bet) || IsLay(bet);
+// Whether the rules are known to give just what stands for a request of `amount` on the empty spot.
+bool StandsAsAsked(Game& g, BetId bet, Money amount) {
+  ChangeRequest request = RequestOf(g, bet);
+  request.Amount = Money();
+  request.Delta = amount;
+  const KnownChange& known = PlaceOf(g, bet, request);
+  if (known.RulesNumber != g.TheLedger.RulesNumber || known.Request != request) return false;
+  // Nothing put up on nothing is no idle request: the button of an empty spot goes.
+  const Money stands = g.BetAmount[bet];
+  return known.IsRefused ? stands == Money() : stands != Money() && stands == known.Applied;
 }
 
 }  // namespace
 
 bool IsBetAsAsked(Game& g, BetId bet, Money amount) {
-  if (!g.HyperDriveActive || !IsBet(bet) || HasOddsOrVig(bet)) return false;
-  ChangeRequest request = RequestOf(g, bet);
-  request.Amount = Money();
-  request.Delta = amount;
-  const KnownChange& known = PlaceOf(g, bet, request);
-  if (!known.IsKnown || known.Request != request) return false;
+  if (!g.HyperDriveActive || !IsBet(bet)) return false;
+  const Bearing& bearing = BearingOn(bet);
   const Money stands = g.BetAmount[bet];
-  if (known.IsRefused) return stands == Money();
-  const bool fitsBankroll = g.Rules.AllowNegBankroll || g.TotalBets <= g.BetAmount[SlotBankroll];
-  return stands != Money() && known.Applied == stands && fitsBankroll;
+  if (bearing.isFollowed) return false;
+  if (stands != Money() && !g.Rules.AllowNegBankroll && g.TotalBets > g.BetAmount[SlotBankroll]) return false;
+  AnsweredRequest& last = g.TheLedger.LastAnswers[static_cast<std::size_t>(bet)];
+  const AnsweredRequest now = {g.TheLedger.RulesNumber,
+                               amount,
+                               stands,
+                               bearing.flat != 0 ? g.BetAmount[bearing.flat] : Money(),
+                               bearing.seesPoint ? g.Point : 0,
+                               BiasOf(g, bet)};
+  if (last == now) return true;
+  if (!StandsAsAsked(g, bet, amount)) return false;
+  last = now;
+  return true;
 }
 
 void ChangeBet(Game& g, BetId bet) {

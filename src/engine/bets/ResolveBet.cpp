@@ -58,7 +58,6 @@ void ResolveWorkingBet(Game& g, int outcome, BetId bet) {
   g.BetMustComeDown = ComesDown(g, bet);
   if (g.PayoffNet != Money()) CountStreak(g, bet, g.PayoffNet > Money());
   if (g.PayoffNet < Money()) return SettleLostBet(g);
-  BetUnit(g, bet);
   SettleWonBet(g, g.PayoffNet == Money() ? "Push" : "* * * Winner * * *");
 }
 
@@ -70,7 +69,6 @@ void ReturnOdds(Game& g, BetId bet) {
     g.BetMustComeDown = true;
   } else {
     g.PayoffTable[0].Base = g.PayoffTable[bet].Base;
-    BetUnit(g, bet);
   }
   SettleWonBet(g, "Odds Bet Returned");
   SetBetWorking(g, bet, On);

@@ -157,6 +157,7 @@ void ReleaseVigToWinnings(Game& g) {
 }
 
 void AskAboutWin(Game& g, std::string_view caption) {
+  BetUnit(g, g.CurrentBetId);
   SettleQuestion question = AccountOfWin(g, caption);
   ReleaseVigToWinnings(g);
   SettleWonByChoice(g, AskSettlement(g, std::move(question)));
@@ -170,7 +171,6 @@ void SettleLostBet(Game& g) {
     return AskAboutLoss(g);
   }
   ReleaseVig(g);
-  BetUnit(g, g.CurrentBetId);
   SettleLostByHandler(g);
 }
 
@@ -209,6 +209,7 @@ void RestoreSameBet(Game& g) {
 }
 
 void PressOneUnit(Game& g) {
+  BetUnit(g, g.CurrentBetId);
   ChangeAndTell(g, g.BetUnitAmount, "Press 1 Unit ");
 }
 

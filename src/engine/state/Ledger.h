@@ -57,8 +57,9 @@ struct ActionCells {
 struct PhantomPrice {
   BetId Bet = 0;
   bool Won = false;
-  Money Wager;   // with the vig
-  Money Amount;  // won or lost, above 0
+  Money Wager;             // with the vig
+  Money Amount;            // won or lost, above 0
+  std::int16_t Next = -1;  // of the same bet
   std::int32_t Count = 0;
   std::int32_t LastRoll = 0;
 };
@@ -77,6 +78,7 @@ struct CellDecisions {
 struct PhantomLedger {
   std::int32_t PriceCount = 0;
   std::array<PhantomPrice, kMostPrices> Prices{};
+  std::array<std::int16_t, kBetCount + 1> FirstPrice{};  // of a bet, in Prices; -1: none yet
   std::array<CellDecisions, kCellCount> Decisions{};
 
   std::array<std::int32_t, 6> Presence{};  // by BoxPlace: bit 0 Don't Come, 1 its odds, 2 Come, 3 its odds
@@ -104,7 +106,7 @@ struct ChangeRequest {
 
 // What the rules made of it, before the bankroll was looked at.
 struct KnownChange {
-  bool IsKnown = false;
+  std::uint32_t RulesNumber = 0;  // of the rules it is known under
   bool IsRefused = false;
   ChangeRequest Request;
   Money Applied;
@@ -112,7 +114,19 @@ struct KnownChange {
   Money BetMax;
 };
 
-inline constexpr std::size_t kKnownChanges = 16;  // of a bet: put up, kept, taken down, on each point
+inline constexpr int kKnownChangesShift = 58;     // the top bits of a hash choose the place
+inline constexpr std::size_t kKnownChanges = 64;  // of a bet: put up, kept, taken down, on each point
+
+// A request on an empty spot that the rules answer with just what stands there.
+struct AnsweredRequest {
+  std::uint32_t RulesNumber = 0;
+  Money Asked;
+  Money Stands;
+  Money Flat;  // of odds
+  std::int32_t Point = 0;
+  std::int32_t Bias = 0;
+  friend bool operator==(const AnsweredRequest&, const AnsweredRequest&) = default;
+};
 
 // What prices and known changes follow from; when it changes they are worked out anew.
 struct RulesInForce {
@@ -125,9 +139,11 @@ struct RulesInForce {
 
 struct Ledger {
   RulesInForce Rules;
+  std::uint32_t RulesNumber = 1;  // another one for all rules that were in force since the start
   EventMarks Events;
   PhantomLedger Phantoms;
   std::array<std::array<KnownChange, kKnownChanges>, kBetCount + 1> Changes{};
+  std::array<AnsweredRequest, kBetCount + 1> LastAnswers{};
 };
 
 }  // namespace rollwick

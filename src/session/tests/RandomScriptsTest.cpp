@@ -235,6 +235,8 @@ class ScriptGame {
   }
 
   int Decisions() const { return decisions_; }
+  // Every roll as if it were the first: no way through the script and no request is known from before.
+  void ForgetBeforeEachRoll() { forgets_ = true; }
   void Roll(int rolls) {
     for (int roll = 0; roll < rolls && !::testing::Test::HasFailure(); ++roll) {
       OneRoll();
@@ -252,6 +254,7 @@ class ScriptGame {
   TestTable t_;
   LotHost host_;
   bool isWatched_ = false;
+  bool forgets_ = false;
   int decisions_ = 0;
   Money results_;  // won less lost, since the game began
 };
@@ -259,6 +262,11 @@ class ScriptGame {
 void ScriptGame::OneRoll() {
   Game& g = t_.g;
   if (IsBeyondBankLimit(g) || g.BetAmount[SlotBankroll] < Dollars(20)) NewGame(g, true);
+  if (forgets_) {
+    g.ScriptIsDecoded = false;
+    g.TheLedger.Changes = {};
+    g.TheLedger.LastAnswers = {};
+  }
   if (isWatched_) return RollDice(g);
   g.AutoRollsSet = g.AutoRollsLeft = 1;
   ToggleHyperDrive(g);
@@ -341,8 +349,9 @@ std::string ScriptGame::Report() {
   return report;
 }
 
-std::string Play(const Script& lines, std::uint32_t seed) {
+std::string Play(const Script& lines, std::uint32_t seed, bool forgets = false) {
   ScriptGame game(lines, seed);
+  if (forgets) game.ForgetBeforeEachRoll();
   game.Roll(kComparedRolls);
   return game.Report();
 }
@@ -367,6 +376,13 @@ TEST(RandomScripts, TheBooksHoldAfterEveryRoll) {
     }
   }
   EXPECT_GT(decisions, kScripts * kRolls / 4) << "hardly a bet was made";
+}
+
+TEST(RandomScripts, WhatARunRemembersChangesNothing) {
+  for (std::uint32_t seed = 1; seed <= kScripts && !HasFailure(); ++seed) {
+    const Script lines = RandomScript(seed).Write();
+    EXPECT_EQ(Play(lines, seed, true), Play(lines, seed)) << "script " << seed << ":\n" << TextOf(lines);
+  }
 }
 
 TEST(RandomScripts, TheSameGameFromMemoryTextAndFile) {

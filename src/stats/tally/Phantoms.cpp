@@ -1,5 +1,6 @@
 // The phantom dollar on every bet: rolls counted by kind in the ledger, decisions entered when they are read.
 #include <algorithm>
+#include <utility>
 
 #include "stats/tally/Tally.h"
 
@@ -56,8 +57,9 @@ void TakeOnRules(Game& g) {
   g.TheLedger.Rules = {g.PayoffTable, g.FieldPayoffTable, g.Rules, Denominations(g), g.AutoAdjustBetAmounts};
   PhantomLedger& phantoms = g.TheLedger.Phantoms;
   phantoms.PriceCount = 0;
+  phantoms.FirstPrice.fill(-1);
   for (CellDecisions& cell : phantoms.Decisions) cell.Count = kNotPriced;
-  for (auto& changes : g.TheLedger.Changes) changes.fill({});
+  ++g.TheLedger.RulesNumber;
 }
 
 // The cells of the bets now in action.
@@ -198,15 +200,18 @@ CellDecisions& DecisionsOf(Game& g, int cell) {
 void AddDecision(Game& g, CellDecisions& cell, BetId bet, Money result) {
   if (result == Money()) return;
   PhantomLedger& phantoms = g.TheLedger.Phantoms;
-  const PhantomPrice fresh{bet, result > Money(), Dollars(1) + VigOnDecision(g, PhantomWagers, bet, result),
-                           Abs(result)};
-  const auto begin = phantoms.Prices.begin(), end = begin + phantoms.PriceCount;
-  const auto price = std::find_if(begin, end, [&](const PhantomPrice& known) {
-    return known.Bet == bet && known.Won == fresh.Won && known.Wager == fresh.Wager &&
-           known.Amount == fresh.Amount;
-  });
-  if (price == end) phantoms.Prices[static_cast<std::size_t>(phantoms.PriceCount++)] = fresh;
-  cell.Prices[static_cast<std::size_t>(cell.Count++)] = static_cast<std::int16_t>(price - begin);
+  const bool won = result > Money();
+  const Money wager = Dollars(1) + VigOnDecision(g, PhantomWagers, bet, result), amount = Abs(result);
+  std::int16_t& first = phantoms.FirstPrice[static_cast<std::size_t>(bet)];
+  std::int16_t place = first;
+  const auto price = [&]() -> PhantomPrice& { return phantoms.Prices[static_cast<std::size_t>(place)]; };
+  while (place >= 0 && (price().Won != won || price().Wager != wager || price().Amount != amount))
+    place = price().Next;
+  if (place < 0) {
+    place = static_cast<std::int16_t>(phantoms.PriceCount++);
+    price() = {bet, won, wager, amount, std::exchange(first, place)};
+  }
+  cell.Prices[static_cast<std::size_t>(cell.Count++)] = place;
 }
 
 void CountRollIn(Game& g, int cell) {
