@@ -56,13 +56,20 @@ std::int32_t NextCall(const Game& g, const RollCalls& calls, std::int32_t from) 
   return next;
 }
 
+void Announce(Game& g, Sound call) {
+  if (!g.HyperDriveActive) g.TheHost->Play(g, call);
+}
+
 void CarryOut(Game& g, const RollCall& call) {
   switch (call.Id) {
     case TurnPass:
+      Announce(g, Sound::Pass);
       return CountPass(g);
     case TurnMiss:
+      Announce(g, Sound::Miss);
       return CountMiss(g);
     case TurnBarPush:
+      Announce(g, Sound::BarPush);
       return CountBarPush(g);
     case TurnNatural:
       return LogPoint(g, "      Pass (natural)");
