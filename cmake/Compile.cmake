@@ -26,3 +26,15 @@ if(ROLLWICK_FUZZ)
   add_link_options(-fsanitize=address,undefined)
   add_compile_definitions(_GLIBCXX_ASSERTIONS)
 endif()
+
+# The programs are made of their libraries as a whole in a release build, which makes the roll faster; tests are not,
+# for it takes long. Objects of libraries can be used either way.
+add_library(rollwick_whole INTERFACE)
+add_library(rollwick_whole_program INTERFACE)
+add_library(rollwick_in_parts INTERFACE)
+if(CMAKE_BUILD_TYPE STREQUAL "Release" AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  target_compile_options(rollwick_whole INTERFACE -flto=auto -ffat-lto-objects)
+  # g++ 12 sees texts overflow there that it did not see in their own files.
+  target_link_options(rollwick_whole_program INTERFACE -flto=auto -O3 -Wno-stringop-overflow)
+  target_link_options(rollwick_in_parts INTERFACE -fno-lto)
+endif()
