@@ -36,6 +36,17 @@ void WholeRoll(benchmark::State& state, Bettor bettor) {
   state.SetItemsProcessed(state.iterations() * kRollsPerRun);
 }
 
+// Short runs, of so many rolls; with `changesRules` each begins with a rule that was another in the run
+// before.
+void ShortRun(benchmark::State& state, std::int32_t rolls, bool changesRules) {
+  SilentHost host;
+  const auto game = OpenGame(host, Bettor::TenRules, 1);
+  for (auto _ : state) {
+    if (changesRules) game->Rules.BarNumber = 14 - game->Rules.BarNumber;
+    RollInHyperDrive(*game, rolls);
+  }
+}
+
 // Never looks in, so that equal runs are equal to the instruction.
 class AbsentHost : public SilentHost {
  public:
@@ -58,6 +69,9 @@ BENCHMARK_CAPTURE(WholeRoll, PassLineOnly, Bettor::PassLineOnly)->Unit(benchmark
 BENCHMARK_CAPTURE(WholeRoll, FiveBets, Bettor::FiveBets)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(WholeRoll, IronCross, Bettor::IronCross)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(WholeRoll, TenRules, Bettor::TenRules)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ShortRun, OneRoll, 1, false)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(ShortRun, HundredRolls, 100, false)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(ShortRun, HundredRollsUnderOtherRules, 100, true)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace rollwick
