@@ -5,6 +5,7 @@
 
 #include "engine/bets/Payoffs.h"
 #include "engine/bets/Placement.h"
+#include "layout/HotSpots.h"
 #include "session/HostRelay.h"
 
 namespace rollwick {
@@ -12,11 +13,6 @@ namespace {
 
 bool HoldsMoney(BetId spot) {
   return IsBet(spot) || IsChipStack(spot);
-}
-
-// Don't Pass and its odds share a box: while there are no odds in it, the bet itself comes off.
-BetId BetThatComesOff(const Game& g, BetId spot) {
-  return spot == Bet::DontPassOdds && g.BetAmount[spot] == Money() ? +Bet::DontPass : spot;
 }
 
 // Hears whether a request was refused or cut, and the player was told so.
@@ -80,7 +76,7 @@ void TableHand::Click(BetId spot) {
 
 bool TableHand::TakeUp(BetId spot) {
   PutBack();
-  const BetId from = BetThatComesOff(g_, spot);
+  const BetId from = SpotToTakeDown(g_, spot);
   if (IsBusy() || !HoldsMoney(from) || g_.BetAmount[from] <= Money()) return false;
   carried_ = {from, g_.BetAmount[from]};
   return true;
@@ -91,7 +87,7 @@ void TableHand::PutDown(BetId target) {
   const BetId from = carried_->from;
   PutBack();
   // The box they came from may answer as its odds meanwhile.
-  if (HoldsMoney(target) && BetThatComesOff(g_, target) != from) Act([&] { MoveChips(from, target); });
+  if (HoldsMoney(target) && SpotToTakeDown(g_, target) != from) Act([&] { MoveChips(from, target); });
 }
 
 void TableHand::MoveChips(BetId from, BetId to) {
@@ -119,7 +115,7 @@ void TableHand::Step(BetId bet, int formulaOperator) {
 }
 
 void TableHand::Remove(BetId spot) {
-  const BetId from = BetThatComesOff(g_, spot);
+  const BetId from = SpotToTakeDown(g_, spot);
   if (!HoldsMoney(from) || g_.BetAmount[from] == Money()) return;
   Act([&] { Place(g_, from, -g_.BetAmount[from]); });
 }
