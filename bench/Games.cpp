@@ -151,17 +151,12 @@ void SwitchOn(Game& g, std::string_view script) {
 
 }  // namespace
 
-std::unique_ptr<Game> OpenGame(SilentHost& host, Bettor bettor, std::int32_t seed) {
-  auto game = std::make_unique<Game>();
-  Game& g = *game;
-  SetStartUpDefaults(g);
-  g.TheHost = &host;
+void SeatBettor(Game& g, Bettor bettor, std::int32_t seed) {
   Seed(g, RngMersenne, seed);
   g.Rules.AllowNegBankroll = true;
   g.HandleWinningBets = WinSameBet;
   if (bettor == Bettor::IronCross || bettor == Bettor::TenRules) {
-    SwitchOn(g, bettor == Bettor::IronCross ? kIronCross : kTenRules);
-    return game;
+    return SwitchOn(g, bettor == Bettor::IronCross ? kIronCross : kTenRules);
   }
   g.HandleLosingBets = LossSameBet;
   PutUp(g, Bet::PassLine, 10);
@@ -171,6 +166,13 @@ std::unique_ptr<Game> OpenGame(SilentHost& host, Bettor bettor, std::int32_t see
     PutUp(g, Bet::Place8, 12);
     PutUp(g, Bet::Hard8, 1);
   }
+}
+
+std::unique_ptr<Game> OpenGame(SilentHost& host, Bettor bettor, std::int32_t seed) {
+  auto game = std::make_unique<Game>();
+  SetStartUpDefaults(*game);
+  game->TheHost = &host;
+  SeatBettor(*game, bettor, seed);
   return game;
 }
 

@@ -35,6 +35,9 @@ enum class Bettor {
 // same), or the bettor's script switched on.
 std::unique_ptr<Game> OpenGame(SilentHost& host, Bettor bettor, std::int32_t seed);
 
+// Brings RNG #1 and the bettor to a newly opened house.
+void SeatBettor(Game& g, Bettor bettor, std::int32_t seed);
+
 // Rolls that many times in Hyper-Drive; the roll count starts anew when it comes near its limit.
 void RollInHyperDrive(Game& g, std::int32_t rolls);
 
