@@ -2,7 +2,8 @@
 # Sourced by both, which have set `root`.
 
 build_packages=(g++ cmake ninja-build pkg-config libcli11-dev nlohmann-json3-dev libedit-dev libgtest-dev
-  libbenchmark-dev)
+  libbenchmark-dev qt6-base-dev qt6-multimedia-dev
+  fonts-dejavu-core libqt6svg6 qt6-wayland)  # what the window needs when it runs
 
 if command -v ccache >/dev/null; then
   export CMAKE_CXX_COMPILER_LAUNCHER=ccache

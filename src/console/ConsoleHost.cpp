@@ -10,6 +10,7 @@
 #include "base/Nearest.h"
 #include "console/Words.h"
 #include "engine/cycle/RollDice.h"
+#include "session/DataFolder.h"
 #include "session/StartAndEnd.h"
 
 namespace rollwick {
@@ -25,20 +26,6 @@ std::string Join(const std::vector<SettleRow>& rows) {
   std::string text;
   for (const SettleRow& row : rows) text += (text.empty() ? "" : "\r") + row.label + " " + row.amount;
   return text;
-}
-
-// Whether `path`, when all links are followed, lies in `folder`. A link to what is not there leads nobody
-// knows where.
-bool IsInFolder(const std::filesystem::path& path, const std::filesystem::path& folder) {
-  std::error_code error;
-  const auto resolvedFolder = std::filesystem::weakly_canonical(folder.parent_path(), error);
-  if (error) return false;
-  auto resolved = std::filesystem::weakly_canonical(path, error);
-  if (error || resolved == resolvedFolder) return false;
-  for (; resolved != resolvedFolder; resolved = resolved.parent_path()) {
-    if (!resolved.has_relative_path() || is_symlink(symlink_status(resolved, error))) return false;
-  }
-  return true;
 }
 
 // Keeps the newest: a script that goes round for ever must not fill the memory with what it says.

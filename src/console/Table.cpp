@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <system_error>
 
 #include "base/AtomicFile.h"
@@ -13,16 +12,11 @@
 #include "dice/Draw.h"
 #include "dice/ProbabilityFile.h"
 #include "engine/game/NewGame.h"
+#include "session/DataFolder.h"
 #include "session/EventsLogs.h"
 
 namespace rollwick {
 namespace {
-
-std::filesystem::path FolderIn(const char* variable) {
-  const char* const value = std::getenv(variable);
-  const std::filesystem::path path = value == nullptr ? "" : value;
-  return path.is_absolute() ? path : std::filesystem::path();  // a relative one is to be ignored
-}
 
 // What the system says of a file is without its name.
 std::string WithName(const Message& refusal, const std::filesystem::path& file) {
@@ -31,12 +25,6 @@ std::string WithName(const Message& refusal, const std::filesystem::path& file) 
 }
 
 }  // namespace
-
-std::filesystem::path UserDataFolder() {
-  if (const auto data = FolderIn("XDG_DATA_HOME"); !data.empty()) return data / "rollwick";
-  if (const auto home = FolderIn("HOME"); !home.empty()) return home / ".local/share/rollwick";
-  return "rollwick";
-}
 
 std::string FolderMakingLog::Append(Game& events, std::string_view lines) {
   std::error_code error;

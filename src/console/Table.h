@@ -11,9 +11,6 @@
 
 namespace rollwick {
 
-// The folder of the user's games by the XDG rules.
-std::filesystem::path UserDataFolder();
-
 // An Events Log that makes its folder when the first line comes.
 class FolderMakingLog : public EventsLog {
  public:
