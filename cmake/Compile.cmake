@@ -34,7 +34,8 @@ add_library(rollwick_whole_program INTERFACE)
 add_library(rollwick_in_parts INTERFACE)
 if(CMAKE_BUILD_TYPE STREQUAL "Release" AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   target_compile_options(rollwick_whole INTERFACE -flto=auto -ffat-lto-objects)
-  # g++ 12 sees texts overflow there that it did not see in their own files.
-  target_link_options(rollwick_whole_program INTERFACE -flto=auto -O3 -Wno-stringop-overflow)
+  # g++ 12 sees texts and tables overflow there that it did not see in their own files.
+  target_link_options(rollwick_whole_program INTERFACE -flto=auto -O3 -Wno-stringop-overflow
+                      -Wno-alloc-size-larger-than)
   target_link_options(rollwick_in_parts INTERFACE -fno-lto)
 endif()

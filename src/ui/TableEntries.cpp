@@ -1,10 +1,12 @@
 // What the entries of the table's menus and the picture's own wishes do.
+#include <QApplication>
 #include <QKeySequence>
 
 #include "engine/state/Game.h"
 #include "session/Scripts.h"
 #include "ui/frmCrapTable.h"
 #include "ui/screens/Captions.h"
+#include "ui/screens/frmAbout.h"
 #include "ui/sound/SharedFolders.h"
 
 namespace rollwick {
@@ -147,20 +149,20 @@ void frmCrapTable::DoWithBet(BetId bet, BetEntry entry) {
 }
 
 // Reading disturbs no run.
+// A dialog keeps all windows but its own from being used, so its help is one of them.
 void frmCrapTable::ShowHelp(const QString& page) {
+  if (QWidget* const dialog = QApplication::activeModalWidget()) {
+    auto* const help = new HelpWindow(HelpFolder(), dialog);
+    help->setAttribute(Qt::WA_DeleteOnClose);
+    return help->Open(page);
+  }
   if (help_ == nullptr) help_ = new HelpWindow(HelpFolder(), this);
   help_->Open(page);
 }
 
 void frmCrapTable::ShowAbout() {
-  ShowMessage(g,
-              "Rollwick " ROLLWICK_VERSION
-              "\rA craps table with everything that belongs to one.\r\rYour games and settings are in\r" +
-                  dataFolder_.string() +
-                  "\r\rCopyright (c) 2026 The Rollwick developers, under the MIT License.\r"
-                  "The window is made with Qt " +
-                  qVersion() + ", under the GNU LGPL.",
-              "About Rollwick", MessagePlain | MessageInformation);
+  ShowAboutWindow(g, ROLLWICK_VERSION, {{"Games and settings", dataFolder_}, {"Help", HelpFolder()}}, this,
+                  host_.ShowHelp);
 }
 
 void frmCrapTable::ShowLastError() {

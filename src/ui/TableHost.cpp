@@ -62,20 +62,32 @@ void TableHost::WaitForEyes(Game& g, std::uint32_t since, std::uint32_t millisec
   if (passed < milliseconds) ServeFor(milliseconds - passed, g.AutoBetRunning);
 }
 
-Answer TableHost::Show(Game& g, const Message& message) {
+void TableHost::ShowTable(const Game& g) {
+  if (parts_.layout == nullptr) return;  // the window is being made
   parts_.layout->RefreshTable();
-  return ShowMessageWindow(g, message, Owner());
+  parts_.status->Refresh(g);
+}
+
+MessageExtras TableHost::Extras() const {
+  MessageExtras extras;
+  extras.showHelp = ShowHelp;
+  return extras;
+}
+
+Answer TableHost::Show(Game& g, const Message& message) {
+  ShowTable(g);
+  return ShowMessageWindow(g, message, Owner(), Extras());
 }
 
 std::optional<std::string> TableHost::Ask(Game& g, const Prompt& prompt) {
-  if (!IsMinimized()) return AskInWindow(g, prompt, Owner());
+  if (!IsMinimized()) return AskInWindow(g, prompt, Owner(), {}, Extras());
   g.KeepRolling = false;
   return {};
 }
 
 SettleAnswer TableHost::Settle(Game& g, const SettleQuestion& question) {
-  parts_.layout->RefreshTable();
-  if (!IsMinimized()) return ShowSettleWindow(g, question, Owner());
+  ShowTable(g);
+  if (!IsMinimized()) return ShowSettleWindow(g, question, Owner(), ShowHelp);
   g.KeepRolling = false;
   return {question.mustComeDown ? 0 : question.remembered, {}};
 }
@@ -135,13 +147,11 @@ void TableHost::ReturnDice(Game& g) {
 }
 
 void TableHost::ChipsChanged(Game& g, BetId) {
-  parts_.layout->RefreshTable();
-  parts_.status->Refresh(g);
+  ShowTable(g);
 }
 
 void TableHost::TableChanged(Game& g) {
-  parts_.layout->RefreshTable();
-  parts_.status->Refresh(g);
+  ShowTable(g);
   if (!g.AutoBetRunning) parts_.status->ShowRun({});  // the script has acted
   TableHasChanged();
 }

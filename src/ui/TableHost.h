@@ -12,6 +12,7 @@
 #include "session/TableHand.h"
 #include "ui/DiceShow.h"
 #include "ui/TableStatus.h"
+#include "ui/screens/frmMsg.h"
 #include "ui/sound/SoundPlayer.h"
 
 namespace rollwick {
@@ -33,6 +34,8 @@ class TableHost : public Host {
   void Attach(const TableParts& parts) { parts_ = parts; }
   // The game changed: what the window itself shows of it.
   std::function<void()> TableHasChanged = [] {};
+  // Opens a page of the help, for the dialogs.
+  HelpOpener ShowHelp;
 
   std::uint32_t Milliseconds(Game& g) override;
   void PumpEvents(Game& g) override;
@@ -57,6 +60,9 @@ class TableHost : public Host {
  private:
   // Whoever shows something now: a dialog that is open, or the window.
   QWidget* Owner() const;
+  // Before a dialog opens: the table behind it is as the game is.
+  void ShowTable(const Game& g);
+  MessageExtras Extras() const;
   void ServeFor(std::uint32_t milliseconds, const bool& goesOn);
   void ShowChipsFall(const Game& g);
 

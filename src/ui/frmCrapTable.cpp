@@ -12,6 +12,7 @@
 #include "files/GameFileLayout.h"
 #include "session/HotKeyRun.h"
 #include "ui/screens/Captions.h"
+#include "ui/sound/SharedFolders.h"
 
 namespace rollwick {
 
@@ -26,7 +27,7 @@ frmCrapTable::frmCrapTable(const TableOptions& options)
       files_(g, log_, options.dataFolder, *this),
       gameToOpen_(options.game) {
   setObjectName("frmCrapTable");
-  setWindowIcon(QIcon::fromTheme("rollwick"));
+  setWindowIcon(QIcon::fromTheme("rollwick", QIcon(QString::fromStdString(IconFile().string()))));
   TableParts parts;
   parts.window = this;
   host_.Attach(parts);
@@ -47,6 +48,7 @@ frmCrapTable::frmCrapTable(const TableOptions& options)
   parts = {this, layout_, &hand_, dice_, status_, &sound_};
   host_.Attach(parts);
   host_.TableHasChanged = [this] { ShowTable(); };
+  host_.ShowHelp = [this](const QString& page) { ShowHelp(page); };
   menus_ = std::make_unique<TableMenus>(*this);
   setCentralWidget(layout_);
   setStatusBar(status_);

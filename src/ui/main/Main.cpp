@@ -8,6 +8,7 @@
 #include <cstdio>
 
 #include "ui/CommandLine.h"
+#include "ui/SpotAccessibility.h"
 #include "ui/sound/SharedFolders.h"
 
 namespace {
@@ -55,6 +56,7 @@ int main(int count, char** arguments) {
   QDir().mkpath(folder);
   QLockFile lock(folder + "/table.lock");
   if (!TakeFolder(lock)) return Refuse(folder);
+  rollwick::InstallSpotAccessibility();
   rollwick::TableOptions options = command.options;
   options.soundFolders = rollwick::SoundFolders(options.dataFolder);
   rollwick::frmCrapTable window(options);

@@ -32,4 +32,10 @@ std::filesystem::path HelpFolder() {
   return share.empty() ? SourceFolder() / "docs" : share / "help";
 }
 
+std::filesystem::path IconFile() {
+  const std::filesystem::path share = ShareFolder(ProgramFolder());
+  return share.empty() ? SourceFolder() / "packaging/rollwick.svg"
+                       : share.parent_path() / "icons/hicolor/scalable/apps/rollwick.svg";
+}
+
 }  // namespace rollwick

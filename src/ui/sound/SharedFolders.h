@@ -16,4 +16,7 @@ std::vector<std::filesystem::path> SoundFolders(const std::filesystem::path& dat
 // The pages of the help.
 std::filesystem::path HelpFolder();
 
+// The picture of the program, where the desktop does not know it.
+std::filesystem::path IconFile();
+
 }  // namespace rollwick

@@ -143,6 +143,20 @@ TEST_F(CrapTable, TheHelpOpensBesideTheTable) {
   EXPECT_FALSE(window->findChild<HelpWindow*>()->isVisible());
 }
 
+TEST_F(CrapTable, ADialogBringsItsOwnHelp) {
+  Later(1, [] {
+    auto* const dialog = QApplication::activeModalWidget();
+    ASSERT_NE(dialog, nullptr);
+    QTest::keyClick(dialog, Qt::Key_F1);
+    ASSERT_NE(dialog->findChild<HelpWindow*>(), nullptr) << "one that the dialog does not lock";
+    EXPECT_TRUE(dialog->findChild<HelpWindow*>()->isVisible());
+    dialog->close();
+  });
+  player.GoAway();
+  Choose("mnuAbout");
+  EXPECT_EQ(window->findChildren<HelpWindow*>().size(), 0);
+}
+
 // ---- Play
 
 // One step of a game, in the window and by the procedures.
