@@ -1,66 +1,13 @@
-// Whole pictures of the table against those in tests/data/pictures. After a change of the drawing that is
-// meant, look at the new pictures and run the tests once with ROLLWICK_REWRITE_PICTURES=1, which rewrites
-// them.
+// Whole pictures of the table against those in tests/data/pictures.
 #include <gtest/gtest.h>
 
-#include <QDir>
-#include <QFileInfo>
 #include <functional>
 
+#include "support/GoldenPicture.h"
 #include "ui/picture/tests/PictureTestTable.h"
 
 namespace rollwick {
 namespace {
-
-// Fonts and processors draw edges a little differently; a missing button is more than this.
-constexpr double kMostMeanDifference = 1.5;    // of 255, over all channels
-constexpr double kMostStrangePixels = 0.0002;  // part of all pixels that differ by more than kStrange
-constexpr int kStrange = 56;
-
-// Twelve bits a pixel are enough, and make small files.
-QImage Coarse(const QImage& image) {
-  return image.convertToFormat(QImage::Format_RGB444).convertToFormat(QImage::Format_RGB32);
-}
-
-struct Difference {
-  double mean = 0;
-  double strange = 0;
-};
-
-Difference Compare(const QImage& a, const QImage& b) {
-  std::int64_t sum = 0, strange = 0;
-  for (int y = 0; y < a.height(); ++y) {
-    for (int x = 0; x < a.width(); ++x) {
-      const QRgb one = a.pixel(x, y), other = b.pixel(x, y);
-      const int parts[] = {std::abs(qRed(one) - qRed(other)), std::abs(qGreen(one) - qGreen(other)),
-                           std::abs(qBlue(one) - qBlue(other))};
-      sum += parts[0] + parts[1] + parts[2];
-      strange += *std::max_element(std::begin(parts), std::end(parts)) > kStrange;
-    }
-  }
-  const double pixels = static_cast<double>(a.width()) * a.height();
-  return {static_cast<double>(sum) / (3 * pixels), static_cast<double>(strange) / pixels};
-}
-
-void ExpectLikeGolden(const char* name, const QImage& painted) {
-  const QString path = QString(ROLLWICK_TEST_DATA) + "/pictures/" + name + ".png";
-  const QImage now = Coarse(painted);
-  if (qEnvironmentVariableIntValue("ROLLWICK_REWRITE_PICTURES") == 1) {
-    QDir().mkpath(QFileInfo(path).path());
-    ASSERT_TRUE(now.convertToFormat(QImage::Format_RGB888).save(path, "PNG", 0));
-    return;
-  }
-  const QImage golden = QImage(path).convertToFormat(QImage::Format_RGB32);
-  ASSERT_FALSE(golden.isNull()) << path.toStdString();
-  ASSERT_EQ(now.size(), golden.size());
-  const Difference found = Compare(now, golden);
-  EXPECT_LE(found.mean, kMostMeanDifference);
-  EXPECT_LE(found.strange, kMostStrangePixels);
-  if (!testing::Test::HasFailure()) return;
-  const QString kept = QDir::tempPath() + "/rollwick-picture-" + name + ".png";
-  now.save(kept);
-  ADD_FAILURE() << "what was painted is in " << kept.toStdString();
-}
 
 TEST(GoldenPictures, Tables) {
   const struct Row {
