@@ -31,7 +31,8 @@ bool TakeSign(QString& text) {
   return true;
 }
 
-// "1.234,5" to "1234.5"; empty when a group is not of three digits or a character has no place.
+// "1.234,5" to "1234.5"; empty when a group is not of three digits, when a 0 leads the groups (nobody means
+// 125 by "0.125"), or when a character has no place.
 std::string ToPlainDigits(const QString& text, const Marks& marks) {
   std::string plain;
   int sinceGroup = -1;  // digits behind the last group mark; -1 before the first
@@ -43,7 +44,7 @@ std::string ToPlainDigits(const QString& text, const Marks& marks) {
     } else if (!isFraction && QString(c) == marks.decimal && (sinceGroup < 0 || sinceGroup == 3)) {
       isFraction = true;
       plain += '.';
-    } else if (!isFraction && marks.IsGroup(c) && !plain.empty() &&
+    } else if (!isFraction && marks.IsGroup(c) && !plain.empty() && plain.front() != '0' &&
                (sinceGroup < 0 ? plain.size() <= 3 : sinceGroup == 3)) {
       sinceGroup = 0;
     } else {

@@ -1,5 +1,6 @@
 #include "ui/screens/frmAbout.h"
 
+#include <QFontInfo>
 #include <QFormLayout>
 #include <QLabel>
 #include <QPointer>
@@ -25,6 +26,7 @@ QLabel* TextLabel(const char* name, const QString& text) {
 QLabel* PathLabel(int index, const AboutFolder& folder) {
   QLabel* const label = TextLabel("lblFolder", QString::fromStdString(folder.path.string()));
   Name(*label, "lblFolder", index, {});
+  label->setWordWrap(true);
   label->setAccessibleName(folder.caption + ' ' + label->text());
   return label;
 }
@@ -32,7 +34,7 @@ QLabel* PathLabel(int index, const AboutFolder& folder) {
 QLabel* Title() {
   QLabel* const title = TextLabel("lblName", "Rollwick");
   QFont large = title->font();
-  large.setPointSizeF(large.pointSizeF() * 2);
+  large.setPointSizeF(QFontInfo(large).pointSizeF() * 2);  // desktops may give it in pixels
   large.setBold(true);
   title->setFont(large);
   return title;

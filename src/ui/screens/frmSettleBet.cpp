@@ -36,6 +36,24 @@ QLabel* PlainLabel(const char* name, int index, const QString& text) {
   return label;
 }
 
+// Digits and one decimal mark. Nothing is grouped here, so a point is the mark wherever the player lives.
+class AmountValidator : public QRegularExpressionValidator {
+ public:
+  explicit AmountValidator(QLineEdit& field)
+      : QRegularExpressionValidator(
+            QRegularExpression("[0-9]{0,7}(" + QRegularExpression::escape(QLocale().decimalPoint()) +
+                               "[0-9]{0,4})?"),
+            &field),
+        field_(field) {}
+  State validate(QString& input, int& cursor) const override {
+    if (field_.hasFocus()) input.replace('.', QLocale().decimalPoint());
+    return QRegularExpressionValidator::validate(input, cursor);
+  }
+
+ private:
+  const QLineEdit& field_;
+};
+
 // A file may hold any number; the game divides by what it does not know.
 std::int32_t KnownOperator(std::int32_t formulaOperator) {
   return formulaOperator >= FormulaPlus && formulaOperator <= FormulaDivide ? formulaOperator : FormulaDivide;
@@ -155,10 +173,7 @@ void frmSettleBet::AddFormula(QGridLayout& grid, int row) {
   auto* const field = new NumberField;
   label->setBuddy(field);
   Name(*field, "txtModifyAmount", choice, which + " amount");
-  field->setValidator(new QRegularExpressionValidator(
-      QRegularExpression("[0-9]{0,7}((\\.|" + QRegularExpression::escape(QLocale().decimalPoint()) +
-                         ")[0-9]{0,4})?"),
-      field));
+  field->setValidator(new AmountValidator(*field));
   field->SetLimits(Money(), kLargestModifyAmount);
   field->SetValue(rows_[row].formula.amount);
   connect(field, &NumberField::textEdited, this, [this, row, choice] {

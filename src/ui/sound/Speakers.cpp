@@ -43,6 +43,14 @@ QAudioFormat FormatOf(const WavSound& sound) {
   return format;
 }
 
+// Deleting a sink serves the events of its thread, and one that still plays then feeds a stream it has
+// closed, which ends the program. So it is stopped before, and deleted when nothing else is being done.
+void Discard(QAudioSink* sink) {
+  if (sink == nullptr) return;
+  sink->stop();
+  sink->deleteLater();
+}
+
 // One sound at a time.
 class Channel : public QObject {
  public:
@@ -84,13 +92,18 @@ class Channel : public QObject {
 
   void Stop() {
     ends_.stop();
-    delete std::exchange(sink_, nullptr);
+    Discard(std::exchange(sink_, nullptr));
+  }
+  // With what still fades away.
+  void StopAll() {
+    Stop();
+    for (QAudioSink* sink : findChildren<QAudioSink*>()) Discard(sink);
   }
 
  private:
   void LetFadeAway() {
     QAudioSink* const sink = std::exchange(sink_, nullptr);
-    QTimer::singleShot(kLatencyMilliseconds, sink, [sink] { sink->deleteLater(); });
+    QTimer::singleShot(kLatencyMilliseconds, sink, [sink] { Discard(sink); });
   }
 
   QTimer ends_;  // by the clock: a device that stalls holds up nothing
@@ -119,10 +132,11 @@ class Desk : public QObject {
 
   void StopAll() {
     waiting_.Clear();
-    for (Channel* channel : channels_) channel->Stop();
+    for (Channel* channel : channels_) channel->StopAll();
   }
 
   std::atomic<int> Requests = 0;  // on their way
+  std::atomic<bool> IsClosing = false;
 
  private:
   Channel& At(SoundChannel channel) { return *channels_[static_cast<std::size_t>(channel)]; }
@@ -139,10 +153,7 @@ class Desk : public QObject {
 
 class Speakers : public SoundOutput {
  public:
-  Speakers() : thread_(new QThread), desk_(new Desk) {
-    desk_->moveToThread(thread_);
-    QObject::connect(thread_, &QThread::finished, desk_, &QObject::deleteLater);
-  }
+  Speakers() : thread_(new QThread), desk_(new Desk) { desk_->moveToThread(thread_); }
 
   ~Speakers() override {
     if (!thread_->isRunning()) {
@@ -150,8 +161,16 @@ class Speakers : public SoundOutput {
       delete thread_;
       return;
     }
-    thread_->quit();
+    desk_->IsClosing = true;
+    QMetaObject::invokeMethod(
+        desk_,
+        [desk = desk_] {
+          desk->StopAll();  // the sinks end with their thread, before the desk does
+          QThread::currentThread()->quit();
+        },
+        Qt::QueuedConnection);
     if (thread_->wait(kGoodbyeMilliseconds)) {
+      delete desk_;
       delete thread_;
     } else {
       // A sound server that does not answer keeps the thread. What the multimedia library does at the end of
@@ -173,7 +192,7 @@ class Speakers : public SoundOutput {
         desk_,
         [desk = desk_, channel, file, volume] {
           --desk->Requests;
-          desk->Play(channel, file, volume);
+          if (!desk->IsClosing) desk->Play(channel, file, volume);
         },
         Qt::QueuedConnection);
   }

@@ -1,7 +1,9 @@
 // The About screen.
 #include <gtest/gtest.h>
 
+#include <QFontInfo>
 #include <QLabel>
+#include <QScreen>
 
 #include "support/ScriptedHost.h"
 #include "support/WindowChecks.h"
@@ -26,6 +28,28 @@ TEST(About, TellsVersionLicenceAndFolders) {
     ShowAboutWindow(table.g, "1.2.3", {{"Data", "/home/ann/data"}, {"Sounds", "/usr/share/<b>&x"}}, nullptr,
                     [&](const QString& page) { help = page; });
     EXPECT_EQ(help, "frmAbout");
+  }
+}
+
+TEST(About, FitsTheScreenWithDeepFoldersAndLettersInPixels) {
+  std::string deep;
+  for (int folder = 0; folder < 30; ++folder) deep += "/folder-of-games";
+  for (const bool isInPixels : {false, true}) {
+    SCOPED_TRACE(isInPixels);
+    const QFont usual = QApplication::font();
+    QFont font = usual;
+    if (isInPixels) font.setPixelSize(18);
+    QApplication::setFont(font);
+    TestTable table;
+    PlayNextDialog([&](QWidget& dialog) {
+      EXPECT_EQ(ControlFaults(dialog), "");
+      EXPECT_LE(dialog.width(), dialog.screen()->availableSize().width());
+      const auto& title = Control<QLabel>(dialog, "lblName");
+      EXPECT_GT(QFontInfo(title.font()).pixelSize(), 3 * QFontInfo(dialog.font()).pixelSize() / 2);
+      dialog.close();
+    });
+    ShowAboutWindow(table.g, "1.2.3", {{"Games and settings", deep}}, nullptr);
+    QApplication::setFont(usual);
   }
 }
 

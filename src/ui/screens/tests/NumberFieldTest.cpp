@@ -50,6 +50,7 @@ TEST(NumberField, Parse) {
       {"the user's groups alone", "de_DE", "1.234", 12'340'000},
       {"as the table shows it", "de_DE", "1,234.50", 12'345'000},
       {"three decimals", "de_DE", "2,778", 27'780},
+      {"no group begins with a 0", "de_DE", "0.125", 1'250},
       {"mixed up", "de_DE", "1.23,4", none},
       {"groups by narrow blanks", "fr_FR", "1\u202f234,5", 12'345'000},
       {"groups by plain blanks", "fr_FR", "1 234,5", 12'345'000},

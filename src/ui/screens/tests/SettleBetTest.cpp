@@ -350,6 +350,24 @@ TEST(SettleBet, NobodyBetsByAnAmountThatWasRefused) {
   EXPECT_EQ(table.g.ModifyAmount[DialogWonBet], Dollars(1'234'567));
 }
 
+TEST(SettleBet, APointIsADecimalMarkInEveryCountry) {
+  const UserLocale locale("de_DE");
+  SettleTable table;
+  table.g.ModifyAmount[DialogWonBet] = Money::FromUnits(12'500);
+  table.DecidePlace6(true, [](QWidget& dialog) {
+    auto& amount = Control<QLineEdit>(dialog, "txtModifyAmount_6");
+    amount.setFocus();
+    EXPECT_EQ(amount.text(), "1,25");
+    amount.selectAll();
+    QTest::keyClicks(&amount, "13.125");
+    EXPECT_EQ(amount.text(), "13,125") << "not thirteen thousand";
+    QTest::keyClicks(&amount, ".,");
+    EXPECT_EQ(amount.text(), "13,125");
+    QTest::keyClick(&amount, Qt::Key_Return);
+  });
+  EXPECT_EQ(table.g.ModifyAmount[DialogWonBet], Money::FromUnits(131'250));
+}
+
 TEST(SettleBet, OpensWhereItWasAndThePointerGoesToTheDefault) {
   SettleTable table;
   table.g.SnapMouse = true;

@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <QProcess>
+#include <QStandardPaths>
 #include <QTest>
 #include <algorithm>
 #include <fstream>
@@ -118,6 +120,46 @@ TEST(Speakers, WhatCannotBePlayedIsSilence) {
 TEST(Speakers, NeedNotHavePlayedAnything) {
   const auto speakers = MakeSpeakers();
   speakers->StopAll();
+}
+
+// Sounds end each other as fast as they can, on a sound server of our own that nobody hears; the last ones
+// still play at the end. Gives the words of what went wrong.
+std::string PlayOnAServer() {
+  const TemporaryFolder folder;
+  for (const char* name : {"XDG_RUNTIME_DIR", "XDG_CONFIG_HOME"}) qputenv(name, folder.Path().c_str());
+  const auto socket = folder / "socket";
+  qputenv("PULSE_SERVER", "unix:" + QByteArray(socket.c_str()));
+  QProcess server;
+  server.start(
+      "pulseaudio",
+      {"-n", "--daemonize=no", "--use-pid-file=no", "--exit-idle-time=-1", "--load=module-null-sink",
+       QString("--load=module-native-protocol-unix socket=") + socket.c_str() + " auth-anonymous=1"});
+  if (!QTest::qWaitFor([&] { return std::filesystem::exists(socket); }, 10'000)) return "no server";
+  auto speakers = MakeSpeakers();
+  const auto sounds = SoundFolders("/nowhere").back();
+  const std::filesystem::path files[] = {sounds / "Bells.win", sounds / "Fanfare.win"};
+  for (int round = 0; round < 200; ++round) {
+    for (const SoundChannel channel : {SoundChannel::Win, SoundChannel::Chips, SoundChannel::Dice})
+      speakers->Play(channel, files[round % 2], 100);
+    if (round % 50 == 49) speakers->StopAll();
+    QTest::qWait(5);
+  }
+  speakers.reset();
+  server.kill();
+  server.waitForFinished();
+  return {};
+}
+
+TEST(Speakers, SoundsThatEndEachOtherOnADevice) {
+  if (QStandardPaths::findExecutable("pulseaudio").isEmpty()) GTEST_SKIP() << "no pulseaudio on this machine";
+  GTEST_FLAG_SET(death_test_style, "threadsafe");  // which server there is a program finds out once
+  EXPECT_EXIT(
+      {
+        const std::string failure = PlayOnAServer();
+        std::fputs(failure.c_str(), stderr);
+        std::exit(failure.empty() ? 0 : 1);
+      },
+      testing::ExitedWithCode(0), "");
 }
 
 TEST(SharedFolders, AProgramFindsWhatWasInstalledWithIt) {
