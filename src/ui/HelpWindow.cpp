@@ -1,7 +1,12 @@
 #include "ui/HelpWindow.h"
 
+#include <QAbstractTextDocumentLayout>
+#include <QDesktopServices>
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollBar>
+#include <QTextBlock>
 #include <QTextBrowser>
 #include <QUrl>
 #include <QVBoxLayout>
@@ -16,6 +21,16 @@ namespace {
 constexpr const char* kContents = "contents";
 constexpr const char* kTable = "table";
 
+// What links call a heading: "All statements" is "all-statements".
+QString LinkName(const QString& heading) {
+  QString name;
+  for (const QChar character : heading.toLower()) {
+    if (character == ' ') name += '-';
+    if (character.isLetterOrNumber() || character == '-') name += character;
+  }
+  return name;
+}
+
 }  // namespace
 
 HelpWindow::HelpWindow(std::filesystem::path folder, QWidget* owner)
@@ -24,7 +39,8 @@ HelpWindow::HelpWindow(std::filesystem::path folder, QWidget* owner)
   setWindowTitle("Rollwick Help");
   pages_ = new QTextBrowser;
   Name(*pages_, "txtHelp", "Help page");
-  pages_->setOpenExternalLinks(true);
+  pages_->setOpenLinks(false);
+  connect(pages_, &QTextBrowser::anchorClicked, this, &HelpWindow::Follow);
   pages_->setSearchPaths({QString::fromStdString(folder_.string())});
 
   auto* const row = new QHBoxLayout;
@@ -49,7 +65,8 @@ HelpWindow::HelpWindow(std::filesystem::path folder, QWidget* owner)
   all->addLayout(row);
   all->addWidget(pages_);
   const QSize letter(fontMetrics().averageCharWidth(), fontMetrics().height());
-  resize(letter.width() * 100, letter.height() * 40);
+  const QSize page(letter.width() * 100, letter.height() * 40);
+  resize(page.boundedTo(screen()->availableSize() * 0.9));
 }
 
 void HelpWindow::Open(const QString& page) {
@@ -67,6 +84,28 @@ void HelpWindow::Open(const QString& page) {
   show();
   raise();
   activateWindow();
+}
+
+// Pages are shown here, all else by the desktop.
+void HelpWindow::Follow(const QUrl& link) {
+  if (!link.path().endsWith(".md") || !link.scheme().isEmpty()) {
+    const std::filesystem::path file = folder_ / link.path().toStdString();
+    QDesktopServices::openUrl(link.isRelative() ? QUrl::fromLocalFile(QString::fromStdString(file.string()))
+                                                : link);
+    return;
+  }
+  pages_->setSource(link, QTextDocument::MarkdownResource);
+  if (link.hasFragment()) GoTo(link.fragment());
+}
+
+void HelpWindow::GoTo(const QString& heading) {
+  const QTextDocument& page = *pages_->document();
+  for (QTextBlock block = page.begin(); block.isValid(); block = block.next()) {
+    if (block.blockFormat().headingLevel() == 0 || LinkName(block.text()) != heading) continue;
+    pages_->verticalScrollBar()->setValue(
+        static_cast<int>(page.documentLayout()->blockBoundingRect(block).top()));
+    return;
+  }
 }
 
 }  // namespace rollwick

@@ -20,6 +20,9 @@ class HelpWindow : public QDialog {
   void Open(const QString& page);
 
  private:
+  void Follow(const QUrl& link);
+  void GoTo(const QString& heading);
+
   std::filesystem::path folder_;
   QTextBrowser* pages_ = nullptr;
 };

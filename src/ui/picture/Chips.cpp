@@ -6,6 +6,7 @@
 #include <numeric>
 
 #include "base/FormatNumber.h"
+#include "ui/picture/Lines.h"
 #include "ui/picture/Scheme.h"
 #include "ui/picture/TablePicture.h"
 
@@ -32,10 +33,6 @@ const ChipColors kColors[kChipCount] = {
     {QColor(0x63, 0x2C, 0x90), QColor(0xF2, 0xC4, 0x4C), QColor(0x45, 0x1C, 0x68)},
 };
 const QColor kInlay(0xFA, 0xF6, 0xEA);
-
-QRectF Around(QPointF middle, double radius) {
-  return QRectF(middle.x() - radius, middle.y() - radius, 2 * radius, 2 * radius);
-}
 
 QPainterPath EdgeSpots(QPointF middle, double inner, double outer) {
   QPainterPath spots;

@@ -5,10 +5,6 @@
 namespace rollwick {
 namespace {
 
-QRectF Around(QPointF middle, double radius) {
-  return QRectF(middle.x() - radius, middle.y() - radius, 2 * radius, 2 * radius);
-}
-
 // Degrees as QPainterPath counts them: 180 is left, 270 below.
 QPainterPath RingPart(double inner, double outer, double from, double to) {
   QPainterPath part;

@@ -17,6 +17,11 @@ inline QRectF RectOf(const PictureRect& rect) {
   return QRectF(rect.x, rect.y, rect.width, rect.height);
 }
 
+// The square of a circle.
+inline QRectF Around(QPointF middle, double radius) {
+  return QRectF(middle.x() - radius, middle.y() - radius, 2 * radius, 2 * radius);
+}
+
 // The smooth outline of a region, along its outermost pixels.
 QPainterPath OutlineOf(const Region& region);
 // All regions of a spot on view together; a Buy bet has those of its Place bet. Empty when it has none.

@@ -7,7 +7,6 @@ namespace rollwick {
 namespace {
 
 const QColor kWood(0x6A, 0x30, 0x16);
-const QColor kBrass(0xD9, 0xB2, 0x5F);
 const QColor kWell(0x1C, 0x0D, 0x07);
 
 // The wood ends at the seam to the tools.

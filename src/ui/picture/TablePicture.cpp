@@ -89,8 +89,7 @@ void PaintStackNumbers(QPainter& painter, const Game& g, Lettering& letters) {
   for (int place = 1; place <= kStackPlaces; ++place) {
     const PicturePoint at = PlaceAnchor(place);
     const QString number = QString::number(StackAtPlace(g, place) - SlotChipStack);
-    painter.fillPath(letters.Fitted(number, Face::Sans, QRectF(at.x - 9, at.y - 33, 18, 5.5)),
-                     QColor(0xD9, 0xB2, 0x5F));
+    painter.fillPath(letters.Fitted(number, Face::Sans, QRectF(at.x - 9, at.y - 33, 18, 5.5)), kBrass);
   }
 }
 
