@@ -2,6 +2,7 @@
 #include "session/TableHand.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "engine/bets/Payoffs.h"
 #include "engine/bets/Placement.h"
@@ -95,9 +96,11 @@ void TableHand::MoveChips(BetId from, BetId to) {
   const std::int32_t button = IsBet(from) ? g_.BetWorking[from] : On;
   const Money moved = -Change(g_, from, -stood);
   if (moved <= Money()) return;
-  const Money taken = std::max(Change(g_, to, moved), Money());
-  if (taken != Money()) g_.TheHost->Play(g_, Sound::Chips);
-  if (taken < moved) Change(g_, from, moved - taken);
+  const Money taken = Change(g_, to, moved);
+  // Back where they lay they are no new bet, whatever the table would ask of one now.
+  if (taken == Money()) return WriteBack({from, stood, g_.BetAmount[from], button, button}, true);
+  g_.TheHost->Play(g_, Sound::Chips);
+  if (taken < moved) Change(g_, from, moved - std::max(taken, Money()));
   if (IsBet(from) && g_.BetAmount[from] != Money()) SetBetWorking(g_, from, button);
   OddsFollow(g_, from);
   OddsFollow(g_, to);
@@ -111,7 +114,11 @@ bool TableHand::EnterAmount(BetId spot, Money amount) {
 }
 
 void TableHand::Step(BetId bet, int formulaOperator) {
-  Act([&] { AdjustBet(g_, bet, formulaOperator); });
+  Act([&] {
+    const Money stood = g_.BetAmount[bet];
+    AdjustBet(g_, bet, formulaOperator);
+    if (g_.BetAmount[bet] != stood) OddsFollow(g_, bet);
+  });
 }
 
 void TableHand::Remove(BetId spot) {
@@ -149,12 +156,14 @@ void TableHand::LayAllOdds() {
 }
 
 void TableHand::SameBetsAsLastHand() {
-  // Flat bets come before their odds.
+  // Flat bets come before their odds. What is refused is seen at the end, not told bet by bet.
   Act([&] {
+    const std::int32_t notices = std::exchange(g_.Rules.NotifyFlags, 0);
     for (BetId bet = 1; bet <= kBetCount; ++bet) {
       const Money missing = lastBets_[static_cast<std::size_t>(bet)] - g_.BetAmount[bet];
       if (missing > Money()) Place(g_, bet, missing);
     }
+    g_.Rules.NotifyFlags = notices;
   });
 }
 

@@ -53,7 +53,8 @@ class TableHand {
   void FullOdds(BetId bet);
   void TakeAllOdds();
   void LayAllOdds();
-  // Puts up what stood at the come-out throw of the last hand, as far as the table takes it now.
+  // Puts up what stood at the come-out throw of the last hand, as far as the table takes it now, without
+  // notices.
   void SameBetsAsLastHand();
   bool HasLastHand() const;
 

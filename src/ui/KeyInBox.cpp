@@ -70,6 +70,12 @@ bool KeyInBox::event(QEvent* event) {
   return NumberField::event(event);
 }
 
+// Whoever comes back types the whole amount anew, or goes on with what he typed.
+void KeyInBox::focusInEvent(QFocusEvent* event) {
+  NumberField::focusInEvent(event);
+  if (!isModified()) selectAll();
+}
+
 // Looking elsewhere for a moment takes nothing.
 void KeyInBox::focusOutEvent(QFocusEvent* event) {
   QLineEdit::focusOutEvent(event);
@@ -82,7 +88,7 @@ void KeyInBox::keyPressEvent(QKeyEvent* event) {
   if (step && (event->modifiers() & Qt::ShiftModifier) == 0 && (isUpOrDown || IsAtEnd(key))) {
     emit MoveWanted(*step);
   } else if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-    emit CommitWanted();
+    if (!event->isAutoRepeat()) emit CommitWanted();  // the Enter that opened the box may be held yet
   } else if (key == Qt::Key_Escape) {
     emit CloseWanted();
   } else {

@@ -71,7 +71,7 @@ class SpotInterface : public QAccessibleInterface, public QAccessibleActionInter
 
   QString text(QAccessible::Text kind) const override {
     if (kind == QAccessible::Name) {
-      return item_.tool == Tool::None ? layout_.SpokenText(item_.spot) : SpokenText(Table(), item_.tool);
+      return item_.tool == Tool::None ? SpokenText(Table(), item_.spot) : SpokenText(Table(), item_.tool);
     }
     return kind == QAccessible::Description ? layout_.QuickStats(item_.spot).trimmed() : QString();
   }

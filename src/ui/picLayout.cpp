@@ -75,10 +75,6 @@ BetId picLayout::BetAtHand() const {
   return IsOnView(g_, cursor_) ? cursor_ : SpotNone;
 }
 
-QString picLayout::SpokenText(int spot) const {
-  return rollwick::SpokenText(g_, spot);
-}
-
 QString picLayout::QuickStats(int spot) const {
   return QuickStatsText(g_, spot);
 }
@@ -109,11 +105,11 @@ void picLayout::Changed() {
 
 void picLayout::ShowView() {
   view_.cursor = hasFocus() && keyboardLeads_ && IsOnView(g_, cursor_) ? cursor_ : SpotNone;
-  const PicturePoint at = ToPicture(Frame(), pointerAt_.x(), pointerAt_.y());
-  view_.hoverTool = pointer_.HotSpot == SpotTools ? ToolAt(at.x, at.y) : Tool::None;
+  const QPoint at = PopupPoint();
+  view_.hoverTool = ToolUnderPointer();
   view_.clickMode = static_cast<int>(hand_.Mode());
   view_.carried = hand_.Carried() ? hand_.Carried()->amount : Money();
-  view_.pointer = at;
+  view_.pointer = ToPicture(Frame(), at.x(), at.y());
   update();
 }
 
@@ -148,12 +144,12 @@ QPoint picLayout::PointOf(int spot) const {
 // ---- Cursor and pointer
 
 void picLayout::MoveCursor(BetId spot) {
-  if (!IsOnView(g_, spot)) return;
+  if (!IsOnView(g_, spot) || !CommitKeyIn()) return;
   cursor_ = spot;
   keyboardLeads_ = true;
   SnapPointer(spot);
   WaitForQuickStats(spot);
-  emit StatusText(SpokenText(spot));
+  emit StatusText(SpokenText(g_, spot));
   ShowView();
   TellFocus(*this);
 }
@@ -165,14 +161,27 @@ void picLayout::SnapPointer(BetId spot) {
   QCursor::setPos(mapToGlobal(snappedTo_));
 }
 
+Tool picLayout::ToolUnderPointer() const {
+  if (pointer_.HotSpot != SpotTools) return Tool::None;
+  const PicturePoint at = ToPicture(Frame(), pointerAt_.x(), pointerAt_.y());
+  return ToolAt(at.x, at.y);
+}
+
+void picLayout::PointAt(QPointF position) {
+  isPointerHere_ = true;
+  pointerAt_ = position;
+  MovePointerTo(position);
+}
+
 void picLayout::MovePointerTo(QPointF position) {
   const PicturePoint at = ToPicture(Frame(), position.x(), position.y());
   const int before = pointer_.HotSpot;
   if (!MovePointer(g_, keys_, pointer_, at.x, at.y)) return;
-  if (pointer_.HotSpot == before) return;
-  setCursor(pointer_.HotSpot == SpotNone || pointer_.HotSpot == SlotRail ? Qt::ArrowCursor
-                                                                         : Qt::PointingHandCursor);
-  if (!keyboardLeads_) WaitForQuickStats(pointer_.HotSpot);
+  const bool isNothing = pointer_.HotSpot == SpotNone || pointer_.HotSpot == SlotRail;
+  setCursor(isNothing ? Qt::ArrowCursor : Qt::PointingHandCursor);
+  // A pop-up that is there already follows the amount.
+  const bool isShown = pointer_.HotSpot == before && lblQuickStats_.isVisible();
+  if (!keyboardLeads_ && !isShown) WaitForQuickStats(pointer_.HotSpot);
 }
 
 // ---- Pop-ups
@@ -200,7 +209,7 @@ void picLayout::ShowNote(const QString& text) {
 }
 
 QPoint picLayout::PopupPoint() const {
-  return keyboardLeads_ || !isPointerHere_ ? PointOf(cursor_) : pointerAt_;
+  return keyboardLeads_ || !isPointerHere_ ? PointOf(cursor_) : pointerAt_.toPoint();
 }
 
 // Beside the point, so that it covers neither the spot nor the pointer, and inside the picture.
@@ -228,7 +237,7 @@ void picLayout::KeyIn(BetId spot) {
   if (g_.RollInProgress || g_.AutoBetRunning || g_.HyperDriveActive || !IsOnView(g_, spot)) return;
   HidePopups();
   hand_.PutBack();
-  if (g_.EnterBetSpot != spot) g_.EnterBetSpot = spot;
+  g_.EnterBetSpot = spot;
   txtEnterBet_.Open(spot, g_.BetAmount[spot]);
   PlaceKeyIn();
   cursor_ = spot;
@@ -255,7 +264,10 @@ bool picLayout::CommitKeyIn() {
   const BetId spot = txtEnterBet_.Spot();
   if (spot == 0) return true;
   if (txtEnterBet_.isModified()) {
-    if (!txtEnterBet_.Commit()) return false;
+    if (!txtEnterBet_.Commit()) {
+      txtEnterBet_.setFocus(Qt::OtherFocusReason);  // the click that asked took it
+      return false;
+    }
     const bool isTaken = hand_.EnterAmount(spot, txtEnterBet_.Value());
     Changed();
     if (!isTaken) {

@@ -44,10 +44,10 @@ class picLayout : public QWidget {
   bool CommitKeyIn();
   void CloseKeyIn();
 
-  // A left click on a spot or a tool by whatever means: keyboard, screen reader. `takeUp` as with Ctrl held.
-  void Press(int spot, bool takeUp = false);
+  // A left click on a spot or a tool by a screen reader.
+  void Press(int spot);
   void Press(Tool tool);
-  // Where the keyboard's ring is, or would be.
+  // Where the keyboard's ring is, or would be. A step away from an open key-in box commits it.
   BetId Cursor() const { return cursor_; }
   void MoveCursor(BetId spot);
 
@@ -56,8 +56,7 @@ class picLayout : public QWidget {
   void ShowFallenChips(std::vector<TableChip> chips);
   void ShowNote(const QString& text);  // at the pointer, "Click on bet to remove"
 
-  // "Place 6, $12, working": what a screen reader says of a spot; and the text of the hover pop-up.
-  QString SpokenText(int spot) const;
+  // The text of the hover pop-up.
   QString QuickStats(int spot) const;
   const Game& TheGame() const { return g_; }
   int SpotAt(QPointF position) const;
@@ -82,6 +81,7 @@ class picLayout : public QWidget {
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
+  void enterEvent(QEnterEvent* event) override;
   void leaveEvent(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
@@ -109,7 +109,9 @@ class picLayout : public QWidget {
   void StepKeyIn(CursorKey direction);
   void PlaceKeyIn();
 
+  void PointAt(QPointF position);
   void MovePointerTo(QPointF position);
+  Tool ToolUnderPointer() const;
   void SnapPointer(BetId spot);
   void WaitForQuickStats(int spot);
   void ShowQuickStats();
@@ -125,11 +127,11 @@ class picLayout : public QWidget {
   TablePicture picture_;
   TableView view_;
 
-  QPoint pointerAt_;            // in the widget
+  QPointF pointerAt_;           // in the widget
   bool isPointerHere_ = false;  // over the widget
   BetId cursor_ = Bet::PassLine;
   bool keyboardLeads_ = false;    // it moved the cursor after the pointer had moved
-  QPoint snappedTo_{-1, -1};      // where the system moved the pointer itself
+  QPoint snappedTo_{-9, -9};      // where the system moved the pointer itself
   BetId pressTookUp_ = SpotNone;  // the spot whose chips a press that still holds took up
   int wheel_ = 0;                 // eighths of a degree that are no step yet
 

@@ -1,5 +1,6 @@
 // What the player does on the table picture: clicks by whatever means, and the mouse. The keyboard is next
 // door (picLayoutKeys.cpp).
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QMouseEvent>
 #include <QWheelEvent>
@@ -20,17 +21,19 @@ bool HoldsTakeUpKey(Qt::KeyboardModifiers modifiers) {
 
 }  // namespace
 
-// A run may first ask whether it is to be interrupted. Hyper-Drive does not look at the table at all.
+// A dialog that stands open is answered first: screen readers press what lies behind it. A run may ask
+// whether it is to be interrupted. Hyper-Drive does not look at the table at all.
 bool picLayout::MayGoOn() {
+  if (QApplication::activeModalWidget() != nullptr) return false;
   const bool isRunning = g_.RollInProgress || g_.AutoBetRunning || g_.HyperDriveActive;
   return (!isRunning || MayAct()) && !g_.HyperDriveActive;
 }
 
 // ---- Clicks, whether of the mouse, the keyboard or a screen reader
 
-void picLayout::Press(int spot, bool takeUp) {
+void picLayout::Press(int spot) {
   if (spot == SpotNone || (BetUnder(spot) != SpotNone && !IsOnView(g_, spot))) return;
-  if (MayGoOn() && CommitKeyIn()) PressLeft(spot, Tool::None, takeUp);
+  if (MayGoOn() && CommitKeyIn()) PressLeft(spot, Tool::None, false);
 }
 
 void picLayout::Press(Tool tool) {
@@ -138,7 +141,7 @@ void picLayout::SelectChip(int chip) {
   if (chip == g_.SelectedChip) return;
   g_.SelectedChip = chip;
   g_.TableDirty = true;
-  emit StatusText(rollwick::SpokenText(g_, Tool::Selected));
+  emit StatusText(SpokenText(g_, Tool::Selected));
   Changed();
 }
 
@@ -147,10 +150,8 @@ void picLayout::SelectChip(int chip) {
 void picLayout::mousePressEvent(QMouseEvent* event) {
   event->accept();
   if (!MayGoOn()) return;
-  isPointerHere_ = true;
   keyboardLeads_ = false;
-  pointerAt_ = event->position().toPoint();
-  MovePointerTo(event->position());
+  PointAt(event->position());
   if (!CommitKeyIn()) return;
   if (event->button() == Qt::RightButton) return PressRight((event->modifiers() & Qt::ShiftModifier) != 0);
   if (event->button() != Qt::LeftButton) return;
@@ -164,7 +165,7 @@ void picLayout::mousePressEvent(QMouseEvent* event) {
 void picLayout::PressRight(bool wantsMenu) {
   HidePopups();
   if (wantsMenu) {
-    emit BetMenuWanted(pointer_.HotSpot, mapToGlobal(pointerAt_));
+    emit BetMenuWanted(pointer_.HotSpot, mapToGlobal(pointerAt_.toPoint()));
   } else {
     Roll();
   }
@@ -187,12 +188,16 @@ void picLayout::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void picLayout::mouseMoveEvent(QMouseEvent* event) {
   if (g_.HyperDriveActive) return;
-  const bool isOwnMove = event->position().toPoint() == snappedTo_;
-  if (!isOwnMove) keyboardLeads_ = false;
-  isPointerHere_ = true;
-  pointerAt_ = event->position().toPoint();
-  MovePointerTo(event->position());
-  ShowView();
+  // Where the screen has other pixels than the window, a snapped pointer arrives beside its place.
+  const bool isOwnMove = (event->position().toPoint() - snappedTo_).manhattanLength() <= 2;
+  const bool ringGoes = keyboardLeads_ && !isOwnMove;
+  if (ringGoes) keyboardLeads_ = false;
+  PointAt(event->position());
+  if (ringGoes || hand_.Carried() || ToolUnderPointer() != view_.hoverTool) ShowView();
+}
+
+void picLayout::enterEvent(QEnterEvent* event) {
+  if (!g_.HyperDriveActive) PointAt(event->position());
 }
 
 void picLayout::wheelEvent(QWheelEvent* event) {
@@ -204,7 +209,9 @@ void picLayout::wheelEvent(QWheelEvent* event) {
   if (steps != 0) SelectChip(g_.SelectedChip + steps);
 }
 
+// A window that opens over the table takes the pointer away, but does not move it.
 void picLayout::leaveEvent(QEvent*) {
+  if (rect().contains(mapFromGlobal(QCursor::pos()))) return;
   isPointerHere_ = false;
   pointer_ = {};
   if (!keyboardLeads_) HidePopups();

@@ -13,6 +13,11 @@ bool IsModifierKey(int key) {
          key == Qt::Key_AltGr || key == Qt::Key_CapsLock || key == Qt::Key_NumLock;
 }
 
+// Without Ctrl or Alt.
+bool IsPlain(const QKeyEvent& event) {
+  return (event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == 0;
+}
+
 }  // namespace
 
 bool picLayout::event(QEvent* event) {
@@ -27,8 +32,7 @@ bool picLayout::event(QEvent* event) {
   if (event->type() == QEvent::ShortcutOverride) {
     const auto* key = static_cast<QKeyEvent*>(event);
     const bool isTyped = !key->text().isEmpty() && key->text().front().isPrint();
-    if ((key->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == 0 &&
-        (isTyped || key->key() == Qt::Key_Delete)) {
+    if (IsPlain(*key) && (isTyped || key->key() == Qt::Key_Delete)) {
       event->accept();
       return true;
     }
@@ -55,7 +59,7 @@ bool picLayout::PressKey(const QKeyEvent& event) {
     MoveCursor(NextSpot(g_, cursor_, *step));
     return true;
   }
-  const bool isPlain = (event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == 0;
+  const bool isPlain = IsPlain(event);
   switch (event.key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
@@ -126,7 +130,7 @@ bool picLayout::LetGo() {
 void picLayout::OpenMenuAtHand() {
   HidePopups();
   const BetId bet = BetAtHand();
-  const QPoint at = bet == cursor_ && keyboardLeads_ ? PointOf(bet) : pointerAt_;
+  const QPoint at = bet == cursor_ && keyboardLeads_ ? PointOf(bet) : pointerAt_.toPoint();
   emit BetMenuWanted(bet, mapToGlobal(at));
 }
 

@@ -95,6 +95,35 @@ const ActionRow kActions[] = {
        t.hand.TakeUp(Bet::DontPass), t.hand.PutDown(Bet::Field);
      },
      {{Bet::DontPass, 0}, {Bet::DontPassOdds, 0}, {Bet::Field, 10}}},
+    {"what nobody takes goes back as it was, whatever the table asks of a bet by now",
+     {},
+     {{Bet::Place6, 10}},
+     [](HandTable& t) {
+       t.g.Rules.MinPlacardBet = Dollars(25);
+       t.hand.TakeUp(Bet::Place6), t.hand.PutDown(Bet::Come);
+     },
+     {{Bet::Place6, 10}, {Bet::Come, 0}},
+     "You may not make a Come bet"},
+    {"a put bet goes back where none can be made any more",
+     {{4, 2}},
+     {{Bet::Field, 10}},
+     [](HandTable& t) {
+       t.g.Rules.AllowPutBets = true;
+       t.hand.EnterAmount(Bet::Come8, Dollars(15));
+       t.g.Rules.AllowPutBets = false;
+       t.g.Rules.NotifyFlags = 0;
+       t.hand.TakeUp(Bet::Come8), t.hand.PutDown(Bet::DontPass);
+     },
+     {{Bet::Come8, 15}, {Bet::DontPass, 0}}},
+    {"a refused carry lays no odds",
+     {{4, 2}},
+     {{Bet::DontPass, 10}},
+     [](HandTable& t) {
+       t.g.AutoLayFullOdds = true;
+       t.hand.TakeUp(Bet::DontPass), t.hand.PutDown(Bet::DontCome4);
+     },
+     {{Bet::DontPass, 10}, {Bet::DontPassOdds, 0}, {Bet::DontCome4, 0}},
+     "You may not make or increase a Don't Come"},
     {"odds follow by themselves to where they are carried",
      {{4, 2}},
      {{Bet::PassLine, 10}, {Bet::Field, 10}},
@@ -134,6 +163,15 @@ const ActionRow kActions[] = {
      {{Bet::Place6, 6}},
      [](HandTable& t) { t.hand.Step(Bet::Place6, FormulaPlus); },
      {{Bet::Place6, 12}}},
+    {"minus, odds do not stay behind a Don't Pass that is stepped down to nothing",
+     {{4, 2}},
+     {{Bet::DontPass, 1}},
+     [](HandTable& t) {
+       t.hand.FullOdds(Bet::DontPass);
+       EXPECT_GT(t.Amount(Bet::DontPassOdds), Money());
+       t.hand.Step(Bet::DontPass, FormulaMinus);
+     },
+     {{Bet::DontPass, 0}, {Bet::DontPassOdds, 0}}},
     {"down, as far as the rules let go",
      {{4, 2}},
      {{Bet::PassLine, 10}, {Bet::Place5, 5}},
@@ -314,6 +352,24 @@ TEST(TableHand, SameBetsAsLastHand) {
   EXPECT_EQ(t.Amount(Bet::PassLine), Money());
   t.hand.Forget();
   EXPECT_FALSE(t.hand.HasLastHand());
+}
+
+// One word for each bet that is refused would be a row of windows.
+TEST(TableHand, SameBetsAreRefusedWithoutAWord) {
+  HandTable t;
+  t.g.Rules.NotifyFlags = NotifyNotAllowed | NotifyLimits | NotifyCharges;
+  t.Throw(4, 2);
+  t.Bets({{Bet::Come, 10}, {Bet::DontCome, 10}, {Bet::Buy4, 20}, {Bet::Place8, 12}});
+  t.Throw(3, 4);
+  t.g.Rules.MaxPlacardBet = Dollars(15);
+  t.host.messages.clear();
+  const std::int32_t notices = t.g.Rules.NotifyFlags;
+  t.hand.SameBetsAsLastHand();
+  EXPECT_EQ(t.Amount(Bet::Come), Money());
+  EXPECT_EQ(t.Amount(Bet::Place8), Dollars(12));
+  EXPECT_EQ(t.Amount(Bet::Buy4), Dollars(15));
+  EXPECT_TRUE(t.host.messages.empty());
+  EXPECT_EQ(t.g.Rules.NotifyFlags, notices);
 }
 
 }  // namespace

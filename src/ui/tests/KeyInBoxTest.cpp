@@ -71,6 +71,42 @@ TEST(picLayout, RefusedAmountsKeepTheClickFromActing) {
   }
 }
 
+// What is typed into an open box is the amount, whatever came between.
+TEST(picLayout, TypingReplacesTheAmount) {
+  const struct {
+    const char* name;
+    void (*comesBetween)(LayoutWindow&);
+  } kRows[] = {
+      {"nothing", [](LayoutWindow&) {}},
+      {"another window",
+       [](LayoutWindow& t) {
+         QFocusEvent out(QEvent::FocusOut, Qt::ActiveWindowFocusReason);
+         QFocusEvent in(QEvent::FocusIn, Qt::ActiveWindowFocusReason);
+         QApplication::sendEvent(&t.Box(), &out), QApplication::sendEvent(&t.Box(), &in);
+       }},
+      {"no number, and a click on the table", [](LayoutWindow& t) { t.Type("abc"), t.Click(Bet::Big6); }},
+      {"an amount that is not allowed, and a throw",
+       [](LayoutWindow& t) { t.Type("9000"), t.Click(kFeltPoint, {}, Qt::RightButton); }},
+      {"the Enter that opened it is held down",
+       [](LayoutWindow&) {
+         QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Return, {}, "\r", true);
+         for (int i = 0; i < 3; ++i) QApplication::sendEvent(QApplication::focusWidget(), &repeated);
+       }},
+  };
+  for (const auto& row : kRows) {
+    SCOPED_TRACE(row.name);
+    LayoutWindow t;
+    t.Put(Bet::Place6, 12);
+    t.g.KeyInBetAmounts = true;
+    t.layout.MoveCursor(Bet::Place6), t.Type(Qt::Key_Return);
+    row.comesBetween(t);
+    ASSERT_TRUE(t.Box().isVisible() && t.Box().hasFocus());
+    t.Type("18"), t.Type(Qt::Key_Return);
+    EXPECT_EQ(t.Amount(Bet::Place6), Dollars(18));
+    EXPECT_TRUE(t.hotKeys.isEmpty());
+  }
+}
+
 // ---- Keys
 
 TEST(picLayout, CharactersAndLettingGo) {
@@ -151,6 +187,15 @@ TEST(picLayout, SnapsThePointer) {
   QApplication::processEvents();
   EXPECT_EQ(t.layout.mapFromGlobal(QCursor::pos()), t.Place(Bet::Hard10));
   EXPECT_EQ(t.layout.BetAtHand(), Bet::Hard10);
+
+  // A Place bet shares its box with the Buy bet there. Where the screen has other pixels than the window the
+  // pointer arrives beside the place it was sent to.
+  t.Put(Bet::Buy6, 20);
+  t.layout.MoveCursor(Bet::Place6);
+  t.Hover(t.Place(Bet::Place6) + QPointF(0.6, -0.6));
+  EXPECT_EQ(t.layout.BetAtHand(), Bet::Place6);
+  t.Hover(t.Place(Bet::Place6) + QPointF(4, 0));
+  EXPECT_EQ(t.layout.BetAtHand(), Bet::Buy6) << "the player's own move";
 }
 
 }  // namespace

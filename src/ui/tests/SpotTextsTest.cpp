@@ -2,6 +2,7 @@
 #include "ui/SpotTexts.h"
 
 #include <QAccessible>
+#include <QDialog>
 
 #include "ui/SpotAccessibility.h"
 #include "ui/tests/LayoutWindow.h"
@@ -51,12 +52,16 @@ TEST(picLayout, PopUpAppearsAndGoes) {
   EXPECT_EQ(timer.interval(), 700);
   timer.setInterval(0);
   t.Hover(t.Place(Bet::Hard4));
-  QTRY_VERIFY(t.Label("lblQuickStats").isVisible());
+  const auto isThere = [&] { return t.Label("lblQuickStats").isVisible(); };
+  ASSERT_TRUE(QTest::qWaitFor(isThere));
   EXPECT_EQ(t.Label("lblQuickStats").text(), " Hard 4  7 to 1");
   EXPECT_TRUE(t.layout.rect().contains(t.Label("lblQuickStats").geometry()));
   EXPECT_FALSE(t.Label("lblQuickStats").geometry().contains(t.Place(Bet::Hard4)));
   t.Click(Bet::Hard4);
   EXPECT_FALSE(t.Label("lblQuickStats").isVisible());
+  ASSERT_TRUE(QTest::qWaitFor(isThere));
+  EXPECT_EQ(t.Label("lblQuickStats").text(), "Hard 4 bet (working):  $5\n Hard 4  7 to 1")
+      << "what stands now";
   t.g.QuickStats = false;
   t.Hover(t.Place(Bet::Hard6));
   EXPECT_FALSE(timer.isActive());
@@ -100,6 +105,16 @@ TEST(picLayout, ScreenReaderSpots) {
   for (int i = 0; i < 2; ++i) place6->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
   EXPECT_EQ(place6->text(QAccessible::Name).toStdString(), "Place 6, $10, working");
   EXPECT_EQ(place6->text(QAccessible::Description), "Place 6 bet (working):  $10\n Place 6  7 to 6");
+  auto* field = table->child(table->indexOfChild(place6) + Bet::Field - Bet::Place6);
+  t.layout.KeyIn(Bet::Place6), t.Type("18");
+  field->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
+  EXPECT_FALSE(t.Box().isVisible()) << "going elsewhere takes the amount";
+  EXPECT_EQ(t.Amount(Bet::Place6), Dollars(18));
+  EXPECT_EQ(t.layout.Cursor(), Bet::Field);
+  QDialog question;
+  question.setModal(true), question.show();
+  place6->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+  EXPECT_EQ(t.Amount(Bet::Place6), Dollars(18)) << "the question is answered first";
 }
 
 }  // namespace

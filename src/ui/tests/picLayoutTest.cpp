@@ -258,6 +258,81 @@ TEST(picLayout, CarriedChips) {
   }
 }
 
+// Whoever carries them sees them where they would be put.
+TEST(picLayout, CarriedChipsAreWhereTheHandIs) {
+  LayoutWindow t;
+  t.Put(Bet::Place6, 12);
+  const auto at = [&](BetId spot) {
+    return t.layout.grab(QRect(t.Place(spot) - QPoint(5, 5), QSize(10, 10))).toImage();
+  };
+  t.layout.MoveCursor(Bet::Field);
+  const QImage empty = at(Bet::Field);
+  t.layout.MoveCursor(Bet::Place6), t.Type(Qt::Key_Return, Qt::ControlModifier);
+  t.layout.MoveCursor(Bet::Field);
+  EXPECT_NE(at(Bet::Field), empty) << "with the keyboard's ring";
+  const QImage there = at(Bet::Field), none = at(Bet::Big8);
+  t.Hover(t.Place(Bet::Big8));
+  EXPECT_NE(at(Bet::Field), there);
+  EXPECT_NE(at(Bet::Big8), none) << "with the pointer";
+}
+
+// ---- The pointer
+
+// Windows of other pixels than the screen have the pointer between two of theirs.
+TEST(picLayout, ARefreshLooksWhereThePointerIs) {
+  LayoutWindow t;
+  for (const double x : {228.4, 228.6, 230.4, 230.6}) {
+    t.Hover(QPointF(x, 165));
+    const int spot = t.layout.HotSpot();
+    EXPECT_EQ(spot, x < 229 ? +Bet::Place4 : +SpotNone);
+    t.layout.RefreshTable();
+    EXPECT_EQ(t.layout.HotSpot(), spot) << x;
+  }
+}
+
+TEST(picLayout, ThePointerComesAndGoes) {
+  LayoutWindow t;
+  const QPointF at = t.Place(Bet::Field);
+  QEnterEvent enter(at, at, t.layout.mapToGlobal(at));
+  QApplication::sendEvent(&t.layout, &enter);
+  EXPECT_EQ(t.layout.BetAtHand(), Bet::Field) << "it need not move for that";
+  QEvent leave(QEvent::Leave);
+  QCursor::setPos(t.layout.mapToGlobal(at.toPoint()));
+  QApplication::sendEvent(&t.layout, &leave);
+  EXPECT_EQ(t.layout.BetAtHand(), Bet::Field) << "a window has opened over the table";
+  QCursor::setPos(t.layout.mapToGlobal(QPoint(-40, 200)));
+  QApplication::sendEvent(&t.layout, &leave);
+  EXPECT_EQ(t.layout.BetAtHand(), SpotNone);
+}
+
+TEST(picLayout, NothingIsPaintedForAMereMove) {
+  struct PaintCount : QObject {
+    int paints = 0;
+    bool eventFilter(QObject*, QEvent* event) override {
+      return event->type() == QEvent::Paint && ++paints < 0;
+    }
+  } count;
+  LayoutWindow t;
+  t.layout.installEventFilter(&count);
+  const auto paintsOf = [&](QPointF to) {
+    QApplication::processEvents();
+    count.paints = 0;
+    t.Hover(to);
+    QApplication::processEvents();
+    return count.paints;
+  };
+  paintsOf(t.Place(Bet::Field));
+  EXPECT_EQ(paintsOf(t.Place(Bet::Come)), 0);
+  EXPECT_EQ(paintsOf(t.Place(kRollPoint)), 1) << "the button under it is lit";
+  EXPECT_EQ(paintsOf(t.Place(Bet::Come)), 1);
+  t.Put(Bet::Field, 5), t.hand.TakeUp(Bet::Field);
+  EXPECT_EQ(paintsOf(t.Place(Bet::Field)), 1) << "chips follow it";
+  t.Type(Qt::Key_Escape);
+  EXPECT_EQ(paintsOf(t.Place(Bet::Come)), 0);
+  t.layout.MoveCursor(Bet::Big6);
+  EXPECT_EQ(paintsOf(t.Place(Bet::Field)), 1) << "the ring goes";
+}
+
 // ---- Runs
 
 TEST(picLayout, ARunIsAskedFirst) {
