@@ -1,5 +1,7 @@
 #include "ui/BetMenu.h"
 
+#include <cmath>
+
 #include "base/FormatNumber.h"
 #include "layout/HotSpots.h"
 #include "stats/advantage/EvaluateBet.h"
@@ -62,8 +64,8 @@ void AddEntries(const Game& g, BetId bet, QMenu& menu, const std::function<void(
   }
 }
 
-QString Percent(double share) {
-  return ToQt(FormatNumber(share * 100, "#,0.00##;-#,0.00##;0.00"));
+QString OfHundred(double share) {
+  return ToQt(FormatNumber(std::abs(share) * 100, "#,0.00##;;0.00"));
 }
 
 }  // namespace
@@ -98,8 +100,9 @@ QMenu* MakeBetMenu(const Game& g, const std::vector<BetId>& bets, QWidget* paren
 
 QString HouseShareText(const Game& g, BetId bet) {
   const BetFigures figures = EvaluateBet(g, bet);
-  return QString("In the long run $100 on it earn %1 a decision and %2 a roll.")
-      .arg(Percent(figures.EvPerDecision), Percent(figures.EvPerRoll));
+  return QString("In the long run a bet of $100 %1 $%2 a decision and $%3 a roll.")
+      .arg(figures.EvPerDecision < 0 ? "loses" : "earns", OfHundred(figures.EvPerDecision),
+           OfHundred(figures.EvPerRoll));
 }
 
 }  // namespace rollwick

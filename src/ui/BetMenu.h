@@ -20,7 +20,7 @@ enum class BetEntry { Amount, TakeDown, CallOn, CallOff, Buy, FullOdds, ExplainP
 QMenu* MakeBetMenu(const Game& g, const std::vector<BetId>& bets, QWidget* parent,
                    const std::function<void(BetId, BetEntry)>& choose);
 
-// What the bet earns in the long run, "-1.4141 a decision".
+// What the bet earns in the long run, "loses $1.4141 a decision".
 QString HouseShareText(const Game& g, BetId bet);
 
 }  // namespace rollwick

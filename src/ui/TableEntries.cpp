@@ -6,6 +6,7 @@
 #include "session/Scripts.h"
 #include "ui/frmCrapTable.h"
 #include "ui/screens/Captions.h"
+#include "ui/screens/NumberField.h"
 #include "ui/screens/frmAbout.h"
 #include "ui/sound/SharedFolders.h"
 
@@ -56,7 +57,7 @@ void frmCrapTable::ConnectMenus() {
     connect(action, &QAction::triggered, this, act);
     addAction(action);
   };
-  onKey("actFullScreen", "Full Screen", QKeySequence::FullScreen,
+  onKey("actFullScreen", "Full Screen", QKeySequence("F11"),  // few desktops have a key for it
         [this] { setWindowState(windowState() ^ Qt::WindowFullScreen); });
   onKey("actLastError", "Last Error", QKeySequence("Ctrl+Alt+E"), [this] { ShowLastError(); });
 }
@@ -113,9 +114,15 @@ void frmCrapTable::ClearBets() {
 
 void frmCrapTable::UseAtm(AtmDirection direction) {
   const bool isWithdrawal = direction == AtmDirection::Withdraw;
-  const auto entered =
-      host_.Ask(g, {PromptKind::Money, isWithdrawal ? "Amount to withdraw: " : "Amount to deposit: ",
-                    isWithdrawal ? "ATM Withdrawal" : "ATM Deposit", PlainText(g.Rules.AtmAmount), 15});
+  const Prompt prompt = {PromptKind::Money, isWithdrawal ? "Amount to withdraw: " : "Amount to deposit: ",
+                         isWithdrawal ? "ATM Withdrawal" : "ATM Deposit", PlainText(g.Rules.AtmAmount), 15};
+  const EntryCheck isSome = [](const QString& entry) {
+    const auto amount = NumberField::Parse(entry);
+    return amount && *amount > Money() ? QString() : QString("Please enter an amount above 0.");
+  };
+  MessageExtras extras;
+  extras.showHelp = host_.ShowHelp;
+  const auto entered = AskInWindow(g, prompt, this, isSome, extras);
   if (const auto amount = entered ? ParseMoney(*entered) : std::nullopt)
     AtmTransaction(g, direction, *amount);
 }

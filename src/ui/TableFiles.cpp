@@ -16,12 +16,12 @@ TableFiles::TableFiles(Game& g, EventsLog& log, fs::path dataFolder, QWidget& wi
       recent_(dataFolder_ / "recent-games.txt") {}
 
 bool TableFiles::New() {
-  return BeginNewTable(g_, dataFolder_, [this](Unsaved what) { return Choose(what); }) == Closing::Done;
+  return Asking([this](const ChooseFile& choose) { return BeginNewTable(g_, dataFolder_, choose); }) ==
+         Closing::Done;
 }
 
 bool TableFiles::Open() {
-  if (QueryUnsaved(g_, dataFolder_, [this](Unsaved what) { return Choose(what); }) != Closing::Done)
-    return false;
+  if (AskAboutUnsaved() != Closing::Done) return false;
   fs::path start = GameFolder();
   while (const std::optional<fs::path> game = ChooseFileToOpen(&window_, kOpenGame, start)) {
     if (Load(*game)) return true;
@@ -33,8 +33,7 @@ bool TableFiles::Open() {
 bool TableFiles::OpenRecent(const fs::path& game) {
   std::error_code unknown;
   if (!fs::exists(game, unknown)) recent_.Forget(game);  // opening it says so
-  if (QueryUnsaved(g_, dataFolder_, [this](Unsaved what) { return Choose(what); }) != Closing::Done)
-    return false;
+  if (AskAboutUnsaved() != Closing::Done) return false;
   return Load(game);
 }
 
@@ -72,7 +71,23 @@ bool TableFiles::SaveTo(const fs::path& file) {
 }
 
 Closing TableFiles::End() {
-  return EndTable(g_, dataFolder_, [this](Unsaved what) { return Choose(what); });
+  return Asking([this](const ChooseFile& choose) { return EndTable(g_, dataFolder_, choose); });
+}
+
+Closing TableFiles::AskAboutUnsaved() {
+  return Asking([this](const ChooseFile& choose) { return QueryUnsaved(g_, dataFolder_, choose); });
+}
+
+Closing TableFiles::Asking(const std::function<Closing(const ChooseFile&)>& ask) {
+  std::optional<fs::path> saved;
+  const Closing answer = ask([&](Unsaved what) {
+    const std::optional<fs::path> file = Choose(what);
+    if (what == Unsaved::Game) saved = file;
+    return file;
+  });
+  std::error_code unknown;
+  if (saved && !IsWorkingGame(*saved) && fs::exists(*saved, unknown)) recent_.Add(*saved);
+  return answer;
 }
 
 std::optional<fs::path> TableFiles::Choose(Unsaved what) {

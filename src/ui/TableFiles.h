@@ -3,6 +3,8 @@
 
 #include <QWidget>
 #include <filesystem>
+#include <functional>
+#include <optional>
 
 #include "session/StartAndEnd.h"
 #include "stats/logs/EventsLog.h"
@@ -31,6 +33,9 @@ class TableFiles {
 
  private:
   std::optional<std::filesystem::path> Choose(Unsaved what);
+  Closing AskAboutUnsaved();
+  // Runs `ask`, which asks about unsaved work. A game saved on the way is a recent one.
+  Closing Asking(const std::function<Closing(const ChooseFile&)>& ask);
   bool SaveTo(const std::filesystem::path& file);
   std::filesystem::path GameFolder() const;
 

@@ -14,14 +14,21 @@
 namespace rollwick {
 namespace {
 
-// How large the picture is at first: the largest whole or half step that leaves a tenth of the screen free.
-QSize FirstSize(const QSize& around, const QSize& screen) {
+// What is left of a screen when the frame of the window has its place.
+constexpr double kInsideFrame = 0.92;
+
+}  // namespace
+
+QSize FirstTableSize(const QSize& around, const QSize& screen) {
   for (double scale = 4; scale > 1; scale -= 0.5) {
     const QSize size = QSize(kPictureWidth, kPictureHeight) * scale + around;
     if (size.width() <= screen.width() * 0.9 && size.height() <= screen.height() * 0.9) return size;
   }
-  return QSize(kPictureWidth, kPictureHeight) + around;
+  const QSize size = QSize(kPictureWidth, kPictureHeight) + around;
+  return size.boundedTo({screen.width(), static_cast<int>(screen.height() * kInsideFrame)});
 }
+
+namespace {
 
 // A number of a game file may be anything.
 int Pixels(float number) {
@@ -76,7 +83,7 @@ void frmCrapTable::RestorePlace() {
   ensurePolished();
   const QSize around(0, menuBar()->sizeHint().height() + status_->sizeHint().height());
   const QRect free = screen()->availableGeometry();
-  QRect place(QPoint(), FirstSize(around, free.size()));
+  QRect place(QPoint(), FirstTableSize(around, free.size()));
   place.moveCenter(free.center());
   const ScreenPlace& kept = g.TablePlace;
   if (Pixels(kept.Width) > 0 && Pixels(kept.Height) > 0)

@@ -11,6 +11,8 @@
 #include "engine/game/NewGame.h"
 #include "files/GameFileLayout.h"
 #include "session/HotKeyRun.h"
+#include "session/StartAndEnd.h"
+#include "stats/tally/Tally.h"
 #include "ui/screens/Captions.h"
 #include "ui/sound/SharedFolders.h"
 
@@ -191,6 +193,15 @@ void frmCrapTable::changeEvent(QEvent* event) {
   ShowCaption();
 }
 
+void frmCrapTable::SaveForNextStart() {
+  if (hasEnded_) return;
+  RememberPlace();
+  BringUpToDate(g);  // in the middle of a run
+  SaveWorkingGame(g, dataFolder_);
+  FlushEventsLog(g);
+  FlushDiceFile(g);
+}
+
 bool frmCrapTable::EndSession() {
   if (!layout_->CommitKeyIn()) return false;
   RememberPlace();
@@ -200,8 +211,9 @@ bool frmCrapTable::EndSession() {
     case Closing::Cancelled:
       return false;
     case Closing::Failed:
-      return AskYesNo(g, "Not everything could be saved.\rDo you want to close the table anyway?",
-                      "Rollwick");
+      return ShowMessage(g, "Not everything could be saved.\rDo you want to close the table anyway?",
+                         "Rollwick",
+                         MessageYes | MessageNo | MessageQuestion | MessageDefaultNo) == Answer::Yes;
   }
   return false;
 }

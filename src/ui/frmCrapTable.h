@@ -30,6 +30,10 @@ struct TableOptions {
   std::vector<std::filesystem::path> soundFolders;
 };
 
+// How large the window is at first, with `around` for its bars: the picture at the largest whole or half step
+// that leaves a tenth of the screen free, or what there is of a small screen.
+QSize FirstTableSize(const QSize& around, const QSize& screen);
+
 class frmCrapTable : public QMainWindow {
   Q_OBJECT
 
@@ -38,6 +42,8 @@ class frmCrapTable : public QMainWindow {
   ~frmCrapTable() override;
 
   Game& TheGame() { return g; }
+  // Keeps the table as it is for the next start, without a word: there is nobody to ask any more.
+  void SaveForNextStart();
   // The session has ended: the window is closed, or about to be.
   bool HasEnded() const { return hasEnded_; }
 

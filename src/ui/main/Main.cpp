@@ -8,6 +8,7 @@
 #include <cstdio>
 
 #include "ui/CommandLine.h"
+#include "ui/EndingSignals.h"
 #include "ui/SpotAccessibility.h"
 #include "ui/sound/SharedFolders.h"
 
@@ -25,10 +26,7 @@ bool TakeFolder(QLockFile& lock) {
   return lock.tryLock() || lock.error() != QLockFile::LockFailedError;
 }
 
-int Refuse(const QString& folder) {
-  const QString why = "A table with the games in\n" + folder +
-                      "\nis open already.\n\nA second one needs a folder of its own: "
-                      "rollwick-table --data FOLDER";
+int Refuse(const QString& why) {
   std::fputs(qPrintable(why + "\n"), stderr);
   QMessageBox::warning(nullptr, "Rollwick", why);
   return 1;
@@ -48,18 +46,25 @@ int main(int count, char** arguments) {
   }
   std::signal(SIGXFSZ, SIG_IGN);  // a file at its limit is an error to tell, like a full disk
 
+  rollwick::HoldEndingSignals();
   int qtCount = 1;  // its own options come from the environment
   QApplication application(qtCount, arguments);
   QApplication::setApplicationName("Rollwick");
   QApplication::setDesktopFileName("rollwick");
   const QString folder = QFile::decodeName(command.options.dataFolder.c_str());
-  QDir().mkpath(folder);
+  if (!QDir().mkpath(folder))
+    return Refuse("The folder\n" + folder +
+                  "\ncannot be made.\n\nGames and settings need one: rollwick-table --data FOLDER");
   QLockFile lock(folder + "/table.lock");
-  if (!TakeFolder(lock)) return Refuse(folder);
+  if (!TakeFolder(lock))
+    return Refuse("A table with the games in\n" + folder +
+                  "\nis open already.\n\nA second one needs a folder of its own: "
+                  "rollwick-table --data FOLDER");
   rollwick::InstallSpotAccessibility();
   rollwick::TableOptions options = command.options;
   options.soundFolders = rollwick::SoundFolders(options.dataFolder);
   rollwick::frmCrapTable window(options);
+  rollwick::EndBySignal(window, [&window] { window.SaveForNextStart(); });
   window.show();
   return QApplication::exec();
 }

@@ -61,6 +61,15 @@ TEST(RecentGames, KeepsTheNewestInItsFile) {
   EXPECT_EQ(RecentGames(file).Games(), std::vector<fs::path>{"/there"});
 }
 
+struct HouseShare : TestWindow {};
+
+TEST_F(HouseShare, IsToldInDollars) {
+  EXPECT_EQ(HouseShareText(g(), Bet::PassLine),
+            "In the long run a bet of $100 loses $1.4141 a decision and $0.4189 a roll.");
+  EXPECT_EQ(HouseShareText(g(), Bet::PassLineOdds),
+            "In the long run a bet of $100 earns $0.00 a decision and $0.00 a roll.");
+}
+
 struct FilesOfScripts : TestWindow {};
 
 TEST_F(FilesOfScripts, OutsideOfTheFolderThePlayerIsAskedOnce) {

@@ -36,6 +36,7 @@ const NewGameRow kNewGames[] = {
 };
 
 TEST_F(TableSession, ANewGameAsksAboutTheOldOne) {
+  bool wasSaved = false;
   for (const NewGameRow& row : kNewGames) {
     SCOPED_TRACE(row.name);
     std::ofstream(temporary / "old.crp") << "old";
@@ -50,6 +51,8 @@ TEST_F(TableSession, ANewGameAsksAboutTheOldOne) {
     EXPECT_EQ(g().BetAmount[Bet::PassLine], row.begins ? Money() : before.BetAmount[Bet::PassLine]);
     EXPECT_EQ(g().TableDirty, !row.begins);
     EXPECT_EQ(fs::exists(temporary / "mine.crp"), row.saves);
+    EXPECT_EQ(window->findChild<QAction*>("mnuRecentGame_1") != nullptr, row.saves || wasSaved);
+    wasSaved |= row.saves;
     EXPECT_TRUE(player.answers.empty()) << player.answers.front() << " was not needed";
     EXPECT_EQ(window->windowTitle(), "Rollwick");
     player.answers.clear();
@@ -120,6 +123,25 @@ TEST_F(TableSession, AFullDiskDoesNotHoldTheWindow) {
   EXPECT_FALSE(window->close());
   EXPECT_TRUE(window->close());
   EXPECT_EQ(Asked(), "Save Game|Rollwick|Save Game|Rollwick");
+}
+
+// Enter twice, unread, does not lose the game.
+TEST_F(TableSession, AHastyEnterKeepsATableThatCouldNotBeSaved) {
+  Play();
+  g().TableDirty = false;
+  const FileSizeLimit full(100);
+  player.GoAway();
+  int asked = 0;
+  QTimer enter;
+  QObject::connect(&enter, &QTimer::timeout, [&] {
+    QWidget* const dialog = QApplication::activeModalWidget();
+    if (dialog == nullptr || !dialog->isVisible()) return;
+    ++asked;
+    QTest::keyClick(dialog, Qt::Key_Return);
+  });
+  enter.start(1);
+  EXPECT_FALSE(window->close());
+  EXPECT_EQ(asked, 2);
 }
 
 TEST_F(TableSession, WhatACrashLeftIsThereAgain) {

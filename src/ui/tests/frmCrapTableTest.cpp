@@ -309,6 +309,47 @@ TEST_F(CrapTable, TheAtmMovesWhatWasEntered) {
   EXPECT_EQ(Asked(), "ATM Withdrawal|ATM Deposit|ATM Deposit|ATM Deposit");
 }
 
+TEST_F(CrapTable, TheAtmTakesNoAmountThatIsNone) {
+  for (const char* amount : {"=-5", "=0", "=.00001"}) {
+    SCOPED_TRACE(amount);
+    player.titles.clear();
+    player.answers = {amount, ""};  // the prompt stays until it is closed
+    Choose("mnuWithdraw");
+    EXPECT_EQ(Asked(), "ATM Withdrawal|ATM Withdrawal");
+    EXPECT_EQ(g().BetAmount[SlotBankroll], Dollars(500));
+    EXPECT_FALSE(g().TableDirty);
+  }
+}
+
+// ---- The window on its screen
+
+TEST_F(CrapTable, AKeyFillsTheScreenAndGivesItBack) {
+  PressKey(Qt::Key_F11);
+  EXPECT_TRUE(window->isFullScreen());
+  PressKey(Qt::Key_F11);
+  EXPECT_FALSE(window->isFullScreen());
+}
+
+struct ScreenRow {
+  const char* name;
+  QSize screen;
+  QSize window;
+};
+const ScreenRow kScreens[] = {
+    {"large", {1920, 1080}, {1536, 930}},
+    {"of a laptop", {1400, 900}, {1152, 710}},
+    {"as large as the table", {800, 600}, {768, 490}},
+    {"smaller than the table and its frame", {853, 480}, {768, 441}},
+    {"very small", {600, 400}, {600, 368}},
+};
+
+TEST(FirstTableSize, FitsTheScreenWithItsFrame) {
+  for (const ScreenRow& row : kScreens) {
+    SCOPED_TRACE(row.name);
+    EXPECT_EQ(FirstTableSize({0, 50}, row.screen), row.window);
+  }
+}
+
 // ---- Runs
 
 TEST_F(CrapTable, ARightClickEndsAutoRoll) {
