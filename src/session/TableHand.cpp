@@ -171,6 +171,12 @@ bool TableHand::HasLastHand() const {
   return lastBetsHand_ >= 0;
 }
 
+bool TableHand::LastHandStands() const {
+  for (BetId bet = 1; bet <= kBetCount; ++bet)
+    if (g_.BetAmount[bet] < lastBets_[static_cast<std::size_t>(bet)]) return false;
+  return true;
+}
+
 // ---- Undo
 
 bool TableHand::IsBusy() const {

@@ -57,6 +57,8 @@ class TableHand {
   // notices.
   void SameBetsAsLastHand();
   bool HasLastHand() const;
+  // Whether all of them stand.
+  bool LastHandStands() const;
 
   bool CanUndo() const;
   bool CanRedo() const;

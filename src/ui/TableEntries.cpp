@@ -71,7 +71,7 @@ void frmCrapTable::ConnectBetEntries() {
   toHand("mnuRemoveAllBets", &TableHand::RemoveAll);
   toHand("mnuTakeAllOdds", &TableHand::TakeAllOdds);
   toHand("mnuLayAllOdds", &TableHand::LayAllOdds);
-  toHand("mnuSameBets", &TableHand::SameBetsAsLastHand);
+  menus_->Connect("mnuSameBets", [this] { Act([this] { SameBets(); }); });
   menus_->Connect("mnuClearBets", [this] { Act([this] { ClearBets(); }); });
   menus_->Connect("mnuCallAllBetsOn", [this] { Act([this] { hand_.CallAll(true); }); });
   menus_->Connect("mnuCallAllBetsOff", [this] { Act([this] { hand_.CallAll(false); }); });
@@ -110,6 +110,11 @@ void frmCrapTable::ForBet(ClickMode mode, const char* note, void (frmCrapTable::
 void frmCrapTable::ClearBets() {
   hand_.RemoveAll();
   status_->Tell(g.BetsStanding.IsEmpty() ? "All bets are down." : "What is still up may not come down now.");
+}
+
+void frmCrapTable::SameBets() {
+  hand_.SameBetsAsLastHand();
+  if (!hand_.LastHandStands()) status_->Tell("Not every bet of last hand may be made now.");
 }
 
 void frmCrapTable::UseAtm(AtmDirection direction) {

@@ -85,6 +85,7 @@ class frmCrapTable : public QMainWindow {
   void CallBetOn(BetId bet) { hand_.Call(bet, true); }
   void CallBetOff(BetId bet) { hand_.Call(bet, false); }
   void ClearBets();
+  void SameBets();
   void UseAtm(AtmDirection direction);
   void OpenBetMenu(int spot, const QPoint& globalPosition);
   void DoWithBet(BetId bet, BetEntry entry);

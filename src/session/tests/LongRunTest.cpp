@@ -7,7 +7,6 @@
 #include <charconv>
 #include <cstdlib>
 #include <fstream>
-#include <functional>
 #include <random>
 #include <sstream>
 
@@ -19,7 +18,7 @@
 #include "engine/bets/Placement.h"
 #include "engine/cycle/RollDice.h"
 #include "files/GameFile.h"
-#include "support/ScriptedHost.h"
+#include "support/LookingHost.h"
 #include "support/TemporaryFolder.h"
 
 namespace rollwick {
@@ -78,14 +77,6 @@ end
     Do this . . .
           Bet $ 5 on Field
 )";
-
-class LookingHost : public ScriptedHost {
- public:
-  std::function<void(Game&)> look;
-  void PumpEvents(Game& g) override {
-    if (look) look(g);
-  }
-};
 
 // One of the two games, with a sequence of accidents of its own.
 class Player {

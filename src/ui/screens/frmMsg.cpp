@@ -11,6 +11,7 @@
 #include <QRegularExpressionValidator>
 #include <QScrollBar>
 #include <QStyle>
+#include <algorithm>
 #include <utility>
 
 #include "base/FormatNumber.h"
@@ -87,6 +88,10 @@ void frmMsg::Build(const std::string& title, const std::string& text, const Mess
   if ((flags_ & MessageClassMask) == 0) chkNotice_->hide();
   page->addWidget(chkNotice_);
   page->addLayout(Buttons());
+  // The title is to be read too, between the icon and the buttons of the frame.
+  const int mostWidth = fontMetrics().averageCharWidth() * 60;
+  const int titleWidth = fontMetrics().horizontalAdvance(windowTitle()) * 6 / 5 + fontMetrics().height() * 6;
+  page->addSpacerItem(new QSpacerItem(std::min(titleWidth, mostWidth), 0));
   // Space as around a paragraph, whatever the font.
   const int space = fontMetrics().height();
   page->setContentsMargins(space, space, space, space);

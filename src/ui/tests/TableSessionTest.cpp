@@ -155,6 +155,16 @@ TEST_F(TableSession, WhatACrashLeftIsThereAgain) {
   EXPECT_TRUE(g().ScriptDirty);
 }
 
+TEST_F(TableSession, ASessionEndedFromOutsideIsThereAgain) {
+  Play();
+  window->SaveForNextStart();
+  const Money stood = g().BetAmount[Bet::PassLine];
+  Open();
+  EXPECT_GT(stood, Money());
+  EXPECT_EQ(g().BetAmount[Bet::PassLine], stood);
+  EXPECT_EQ(Asked(), "") << "nobody is asked";
+}
+
 TEST_F(TableSession, AGameOnTheCommandLineIsOpened) {
   Play();
   player.answers = {(temporary / "mine.crp").string()};

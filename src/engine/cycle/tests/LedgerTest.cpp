@@ -1,7 +1,6 @@
 // What a run counts in its ledger, against counters kept roll by roll with pencil and paper.
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <random>
 
 #include "dice/Draw.h"
@@ -10,19 +9,10 @@
 #include "engine/cycle/RollCalls.h"
 #include "engine/cycle/RollDice.h"
 #include "stats/tally/Tally.h"
-#include "support/ScriptedHost.h"
+#include "support/LookingHost.h"
 
 namespace rollwick {
 namespace {
-
-// Looks in whenever Hyper-Drive lets it.
-class LookingHost : public ScriptedHost {
- public:
-  std::function<void(Game&)> look;
-  void PumpEvents(Game& g) override {
-    if (look) look(g);
-  }
-};
 
 class House {
  public:
