@@ -97,8 +97,10 @@ inline std::string ControlFaults(QWidget& window) {
 
 // A user of another country, for the length of a test.
 struct UserLocale {
+  const QLocale former;
+
   explicit UserLocale(const char* name) { QLocale::setDefault(QLocale(name)); }
-  ~UserLocale() { QLocale::setDefault(QLocale::c()); }
+  ~UserLocale() { QLocale::setDefault(former); }
 };
 
 // Letters of 24 points on a dark desktop, for the length of a test.

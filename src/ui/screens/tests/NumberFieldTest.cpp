@@ -93,6 +93,7 @@ struct Form {
 };
 
 TEST(NumberField, TakesAnEntryWhenItIsDone) {
+  const UserLocale locale("C");
   struct Row {
     const char* name;
     const char* typed;

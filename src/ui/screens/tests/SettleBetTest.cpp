@@ -266,6 +266,7 @@ TEST(SettleBet, ABetThatMustComeDownOffersNothingElse) {
 }
 
 TEST(SettleBet, FormulasAreSteppedTypedAndKept) {
+  const UserLocale locale("C");
   for (const bool won : {true, false}) {
     SCOPED_TRACE(won ? "won" : "lost");
     SettleTable table;
@@ -327,6 +328,7 @@ TEST(SettleBet, FormulasAreSteppedTypedAndKept) {
 }
 
 TEST(SettleBet, NobodyBetsByAnAmountThatWasRefused) {
+  const UserLocale locale("C");
   SettleTable table;
   table.g.ModifyAmount[DialogWonBet] = Dollars(1'234'567);
   table.g.ModifyUnit[DialogWonBet] = 99;  // as a damaged file may have it
