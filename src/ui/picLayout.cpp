@@ -275,6 +275,7 @@ bool picLayout::CommitKeyIn() {
       txtEnterBet_.Open(spot, g_.BetAmount[spot]);
       return false;
     }
+    emit StatusText(SpokenText(g_, spot));  // in place of what was wrong before
   }
   CloseKeyIn();
   return true;

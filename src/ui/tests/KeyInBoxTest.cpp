@@ -43,6 +43,18 @@ TEST(picLayout, KeyInBox) {
   EXPECT_EQ(t.g.TotalBets, Dollars(12)) << "each amount was a step";
 }
 
+TEST(picLayout, AnAmountThatIsTakenIsTold) {
+  LayoutWindow t;
+  const QSignalSpy told(&t.layout, &picLayout::StatusText);
+  t.layout.KeyIn(Bet::Field);
+  t.Type("abc"), t.Type(Qt::Key_Return);
+  ASSERT_FALSE(told.empty());
+  EXPECT_TRUE(told.last().at(0).toString().startsWith("Please enter"));
+  t.Box().selectAll(), t.Type("15"), t.Type(Qt::Key_Return);
+  EXPECT_TRUE(told.last().at(0).toString().startsWith("Field, $15"))
+      << told.last().at(0).toString().toStdString();
+}
+
 TEST(picLayout, RefusedAmountsKeepTheClickFromActing) {
   const struct {
     const char* name;
