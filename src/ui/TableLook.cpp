@@ -3,7 +3,6 @@
 #include <QScreen>
 #include <QTimer>
 #include <algorithm>
-#include <cmath>
 
 #include "autobet/run/RunAutoBet.h"
 #include "files/GameFile.h"
@@ -27,15 +26,6 @@ QSize FirstTableSize(const QSize& around, const QSize& screen) {
   const QSize size = QSize(kPictureWidth, kPictureHeight) + around;
   return size.boundedTo({screen.width(), static_cast<int>(screen.height() * kInsideFrame)});
 }
-
-namespace {
-
-// A number of a game file may be anything.
-int Pixels(float number) {
-  return std::isfinite(number) ? static_cast<int>(std::clamp(number, -100'000.0F, 100'000.0F)) : 0;
-}
-
-}  // namespace
 
 void frmCrapTable::ShowTable() {
   layout_->RefreshTable();

@@ -16,11 +16,6 @@ namespace rollwick {
 
 namespace {
 
-// A number of a game file may be anything.
-int Pixels(float number) {
-  return std::isfinite(number) ? static_cast<int>(std::clamp(number, -100'000.0F, 100'000.0F)) : 0;
-}
-
 bool IsRemembered(const ScreenPlace& place) {
   return place.Left != 0 || place.Top != 0 || place.Width != 0 || place.Height != 0;
 }
@@ -32,6 +27,10 @@ QPoint CentreOf(const QWidget* owner) {
 }
 
 }  // namespace
+
+int Pixels(float number) {
+  return std::isfinite(number) ? static_cast<int>(std::clamp(number, -100'000.0F, 100'000.0F)) : 0;
+}
 
 Screen::Screen(Game& game, std::string_view name, std::optional<ScreenId> id, QWidget* owner)
     : QDialog(owner), g(game), id_(id) {

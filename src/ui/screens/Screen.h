@@ -54,6 +54,9 @@ class Screen : public QDialog {
   int filling_ = 0;
 };
 
+// A place or size of a game file, where any number may stand.
+int Pixels(float number);
+
 // Brings a rectangle into the visible area of its screen, smaller if it must.
 QRect IntoView(const QRect& wanted);
 
