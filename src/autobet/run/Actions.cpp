@@ -20,11 +20,11 @@ constexpr std::uint32_t kSoundMilliseconds = 600;
 
 // The slots of a target; nothing when it has none now.
 std::optional<SlotRange> TargetsOf(AutoBetRun& run, const ScriptStep& step) {
+  if (step.RightFirst <= step.RightLast) return SlotRange{step.RightFirst, step.RightLast};
   const std::int32_t code = step.RightCode;
   const auto only = [](BetId slot) {
     return slot == 0 ? std::nullopt : std::optional<SlotRange>({slot, slot});
   };
-  if (IsBet(code)) return only(code);
   if (const auto group = GroupOfValue(code)) return group;
   switch (code) {
     case Item::Stack:
@@ -39,14 +39,9 @@ std::optional<SlotRange> TargetsOf(AutoBetRun& run, const ScriptStep& step) {
   }
 }
 
-bool StaysOffTheLine(std::int32_t target) {
-  return target == Target::AllPlace || target == Target::InsidePlace || target == Target::OutsidePlace;
-}
-
 // Place bets stay off the number the line bet already covers, unless a Come bet has travelled there too.
-bool IsCoveredByLine(const Game& g, std::int32_t target, BetId slot) {
-  if (!StaysOffTheLine(target)) return false;
-  if (!g.AutoRemovePlaceBets || g.BetAmount[Bet::PassLine] <= Money()) return false;
+bool IsCoveredByLine(const Game& g, const ScriptStep& step, BetId slot) {
+  if (!step.StaysOffTheLine || !g.AutoRemovePlaceBets || g.BetAmount[Bet::PassLine] <= Money()) return false;
   return NumberOf(slot) == g.Point && g.BetAmount[ComeOn(g.Point)] <= Money();
 }
 
@@ -55,7 +50,7 @@ void OnEachTarget(AutoBetRun& run, const ScriptStep& step, Act act) {
   const auto targets = TargetsOf(run, step);
   if (!targets) return;
   for (BetId slot = targets->first; slot <= targets->last && run.error.empty(); ++slot) {
-    if (targets->Holds(slot) && !IsCoveredByLine(run.g, step.RightCode, slot)) act(slot);
+    if (targets->Holds(slot) && !IsCoveredByLine(run.g, step, slot)) act(slot);
   }
 }
 
@@ -179,7 +174,9 @@ void Transact(AutoBetRun& run, AtmDirection direction, Money amount) {
 void StartNewGame(AutoBetRun& run, bool keepChipStacks) {
   BringUpToDate(run.g);
   run.error = run.g.TheHost->SaveWorkingGame(run.g);
-  if (run.error.empty()) NewGame(run.g, keepChipStacks);
+  if (!run.error.empty()) return;
+  NewGame(run.g, keepChipStacks);
+  FindThrow(run);
 }
 
 void StopRolling(Game& g) {
@@ -206,17 +203,27 @@ void BetInput(AutoBetRun& run, const ScriptStep& step) {
 
 }  // namespace
 
-std::optional<SlotRange> FixedTargetsOf(std::int32_t code) {
+bool StaysOffTheLine(std::int32_t target) {
+  return target == Target::AllPlace || target == Target::InsidePlace || target == Target::OutsidePlace;
+}
+
+std::optional<SlotRange> FixedTargetsOf(std::int32_t code, std::int32_t index) {
   if (IsBet(code)) return SlotRange{code, code};
-  return StaysOffTheLine(code) ? std::nullopt : GroupOfValue(code);
+  if (code == Item::Stack && index >= 0 && index < kChipStackCount)
+    return SlotRange{SlotChipStack + index, SlotChipStack + index};
+  const auto group = GroupOfValue(code);
+  return group && !group->withoutSixAndEight ? group : std::nullopt;
+}
+
+void PutUpTyped(Game& g, const ScriptStep& step) {
+  for (BetId slot = step.RightFirst; slot <= step.RightLast; ++slot) {
+    if (!IsCoveredByLine(g, step, slot)) PutUp(g, slot, step.Amount);
+  }
 }
 
 void ExecuteAction(AutoBetRun& run, const ScriptStep& step) {
   Game& g = run.g;
-  if (step.Op == Verb::Bet && step.RightFirst <= step.RightLast) {
-    for (BetId slot = step.RightFirst; slot <= step.RightLast; ++slot) PutUp(g, slot, step.Amount);
-    return;
-  }
+  if (step.IsTypedBet) return PutUpTyped(g, step);
   const auto value = [&](Moment moment) { return ValueOf(run, moment, step.LeftCode, step.LeftIndex); };
   if (IsBetFamily(step.Op)) {
     return OnEachTarget(run, step, [&](BetId slot) { ChangeAmount(run, step, slot); });

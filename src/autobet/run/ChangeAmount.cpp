@@ -34,12 +34,6 @@ void Change(Game& g, BetId slot, Money by) {
   PlaceChips(g, slot);
 }
 
-// The slot as it is said to be, without a word to the rules.
-void Overwrite(Game& g, BetId slot, Money amount) {
-  if (IsBet(slot)) g.TotalBets += amount - g.BetAmount[slot];
-  SetAmount(g, slot, amount);
-}
-
 // Reckons the verb with one value.
 void Apply(AutoBetRun& run, const ScriptStep& step, BetId slot, Money value) {
   Game& g = run.g;
@@ -101,7 +95,7 @@ void ApplyToGroup(AutoBetRun& run, const ScriptStep& step, BetId slot, Money val
   if (!best || !run.error.empty()) return;
   if (step.Op / 10 * 10 == Verb::Bet) return PutUp(g, slot, *best);
   if (isFirst) run.groupBase = g.BetAmount[slot];
-  Overwrite(g, slot, run.groupBase);
+  OverwriteAmount(g, slot, run.groupBase);
   if (!divides) return Apply(run, step, slot, *best);
   const std::int64_t divisor = WholeDollarsBelow(*best).Units() / Money::kUnitsPerDollar;
   if (divisor == 0) return;
@@ -110,14 +104,6 @@ void ApplyToGroup(AutoBetRun& run, const ScriptStep& step, BetId slot, Money val
 }
 
 }  // namespace
-
-void PutUp(Game& g, BetId slot, Money amount) {
-  if (IsBetAsAsked(g, slot, amount)) return;
-  Overwrite(g, slot, Money());
-  Change(g, slot, amount);
-  // A bet that stays down went down without a word; its odds may not stand alone.
-  if (amount == Money() && g.BetAmount[slot] == Money()) OddsFollow(g, slot);
-}
 
 void ChangeAmount(AutoBetRun& run, const ScriptStep& step, BetId slot) {
   const Money value = ValueOfLine(run, step);

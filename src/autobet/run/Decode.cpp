@@ -47,6 +47,14 @@ void FixRange(std::int16_t& first, std::int16_t& last, const std::optional<SlotR
   last = static_cast<std::int16_t>(range->last);
 }
 
+void DecodeTest(ScriptStep& step) {
+  step.Accepts = AcceptedSigns(step.Op);
+  step.HasTypedAmount =
+      !IsComparisonWithItem(step.Op) && step.Op != Compare::IsNamed && step.Op != Compare::IsNotNamed;
+  step.Group = GroupKindOf(step.LeftCode);
+  step.Test = TestOf(step);
+}
+
 // From the last line up: where a run goes on behind each line, and where when it passes the rest over.
 void LinkSteps(std::vector<ScriptStep>& steps) {
   std::int32_t next = static_cast<std::int32_t>(steps.size()) + 1;
@@ -88,22 +96,20 @@ void DecodeScript(Game& g) {
     step.AllNumbers =
         line.RightCode == Item::AllNumbers ||
         (line.RightCode == Item::BoxNumbers && line.Text.find("all the numbers") != std::string::npos);
-    if (line.Kind == KindCondition) {
-      step.Test = TestOf(line.LeftCode);
-      step.Accepts = AcceptedSigns(line.Op);
-      step.HasTypedAmount =
-          !IsComparisonWithItem(line.Op) && line.Op != Compare::IsNamed && line.Op != Compare::IsNotNamed;
-    }
+    step.StaysOffTheLine = StaysOffTheLine(line.RightCode);
     FixRange(step.LeftFirst, step.LeftLast, FixedRangeOf(line.LeftCode, line.LeftIndex));
     FixRange(step.RightFirst, step.RightLast,
-             line.Kind == KindAction ? FixedTargetsOf(line.RightCode)
+             line.Kind == KindAction ? FixedTargetsOf(line.RightCode, line.RightIndex)
                                      : FixedRangeOf(line.RightCode, line.RightIndex));
+    if (line.Kind == KindCondition) DecodeTest(step);
+    step.IsTypedBet = line.Kind == KindAction && line.Op == Verb::Bet && step.RightFirst <= step.RightLast;
     g.ScriptProgram.push_back(step);
     before = &line;
   }
   LinkSteps(g.ScriptProgram);
   g.ScriptStopPlaces.clear();
   g.ScriptStops.assign(1, {});
+  for (auto& ways : g.WaysOfThrow) ways.clear();
   g.ScriptIsDecoded = true;
 }
 

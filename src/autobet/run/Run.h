@@ -18,6 +18,8 @@ struct AutoBetRun : ScriptState {
 
   Game& g;
 
+  std::int32_t thrown = -1;    // which of all throws came before the run; -1 for none
+  ScriptWays* ways = nullptr;  // that were walked on such a throw, by stop
   std::int32_t jumpTo = 0;     // asked for by an action: line of a label, -1 for one that is not there
   bool returnPending = false;  // asked for by an action
   std::vector<std::int32_t> returnLines;  // of Gosub lines, the last one called at the back
@@ -76,8 +78,29 @@ Money MoneyFrom(AutoBetRun& run, double dollars);
 void DecodeScript(Game& g);
 
 // What a condition tests, so that a run need not ask what its items are.
-enum ConditionTest : std::int16_t { TestSlots, TestGame, TestOutcome, TestFlag, TestFlags, TestAvailable };
-ConditionTest TestOf(std::int32_t leftCode);
+enum ConditionTest : std::int16_t {
+  TestSlots,  // whatever stands in slots; the five below are those of it that are quickly told
+  TestOneSlot,
+  TestPointBet,
+  TestStanding,
+  TestDecided,
+  TestBetCount,
+  TestGame,
+  TestThrow,
+  TestOutcome,
+  TestFlag,
+  TestFlags,
+  TestAvailable,
+};
+ConditionTest TestOf(ScriptStep& step);
+
+// Which of its slots an item means: just the one, any, all, or their sum.
+enum ItemGroup : std::int16_t { NoGroup, AnyOf, AllOf, TotalOf };
+ItemGroup GroupKindOf(std::int32_t item);
+
+// In place of a slot: the moving average of the bankroll, and the available bankroll, which has no earlier
+// value.
+enum : BetId { SlotAverage = -1, SlotAvailable = -2 };
 
 // Of a comparison of amounts the signs of left minus right for which it holds: bit 0 below, 1 equal, 2 above;
 // 0 for other comparisons.
@@ -105,20 +128,28 @@ void DescribeStep(AutoBetRun& run, std::int32_t kind);
 // What a line that is no condition and no action makes of the run's state.
 void VisitLine(AutoBetRun& run, const ScriptStep& step);
 
-// The slots of an action's target that are the same in every roll and all of them meant; nothing for others.
-std::optional<SlotRange> FixedTargetsOf(std::int32_t code);
+// Finds the throw that came before the run, or none, and the ways that are known for it.
+void FindThrow(AutoBetRun& run);
 
-// Tests a condition line: sets blockTrue and lineOccurred.
-void EvaluateConditionLine(AutoBetRun& run, const ScriptStep& step);
+// The slots of an action's target that are the same in every roll and stand without a gap; nothing for
+// others.
+std::optional<SlotRange> FixedTargetsOf(std::int32_t code, std::int32_t index);
+// Whether the bets of a target leave out the number that the line bet covers.
+bool StaysOffTheLine(std::int32_t target);
+
+// What comes of a condition line.
+enum ConditionResult : std::int8_t { ConditionFalse, ConditionTrue, ConditionNew };
+ConditionResult EvaluateCondition(AutoBetRun& run, const ScriptStep& step);
 
 // Carries an action line out on each of its targets.
 void ExecuteAction(AutoBetRun& run, const ScriptStep& step);
 
+// What most actions are: a typed bet put up on slots that are always the same. Nothing can go wrong with it.
+void PutUpTyped(Game& g, const ScriptStep& step);
+
 // The verbs that change an amount: 10..58 and Round, on one slot.
 void ChangeAmount(AutoBetRun& run, const ScriptStep& step, BetId slot);
 void RoundAmount(AutoBetRun& run, const ScriptStep& step, BetId slot);
-// The slot to zero without a word to the rules, then the amount put up through them.
-void PutUp(Game& g, BetId slot, Money amount);
 
 // Messages and questions, gathered from adjacent lines and shown behind the last of them.
 void SayLine(AutoBetRun& run, const ScriptStep& step);

@@ -2,8 +2,10 @@
 #include "autobet/run/RunAutoBet.h"
 
 #include "autobet/model/Codes.h"
+#include "autobet/run/Conditions.h"
 #include "autobet/run/Output.h"
 #include "autobet/run/Run.h"
+#include "engine/bets/Placement.h"
 #include "stats/tally/Tally.h"
 
 namespace rollwick {
@@ -26,13 +28,6 @@ constexpr std::string_view kFalse = "Condition is false. ";
 constexpr std::string_view kTrueAndNew = "Condition is true (just now occurred). ";
 constexpr std::string_view kTrueNotNew = "Condition is true (not a new occurrence). ";
 
-void TestCondition(AutoBetRun& run, const ScriptStep& step) {
-  EvaluateConditionLine(run, step);
-  if (run.lineOccurred) run.blockOccurred = true;
-  if (!run.error.empty()) return;
-  Trace(run.g, !run.blockTrue ? kFalse : run.lineOccurred ? kTrueAndNew : kTrueNotNew);
-}
-
 void TakeAction(AutoBetRun& run, const ScriptStep& step) {
   if (step.StartsGroup) {
     run.groupCount = 0;
@@ -40,7 +35,7 @@ void TakeAction(AutoBetRun& run, const ScriptStep& step) {
   }
   const bool isIgnored = step.Op == Verb::Return && run.returnLines.empty();
   ExecuteAction(run, step);
-  if (run.error.empty()) Trace(run.g, isIgnored ? kReturnIgnored : "Action taken.");
+  if (IsTraced(run.g) && run.error.empty()) ShowStep(run.g, isIgnored ? kReturnIgnored : "Action taken.");
 }
 
 // ---- The walk.
@@ -66,14 +61,28 @@ ScriptStop& StopAt(Game& g, std::int32_t stop) {
   return g.ScriptStops[static_cast<std::size_t>(stop)];
 }
 
+// A condition's result in the run's state.
+void TakeResult(AutoBetRun& run, ConditionResult result) {
+  run.blockTrue = result != ConditionFalse;
+  run.lineOccurred = result == ConditionNew;
+  if (run.lineOccurred) run.blockOccurred = true;
+}
+
+// Whether the run has to stop at a line that is not passed over.
+bool IsStop(const AutoBetRun& run, const ScriptStep& step) {
+  return step.Kind == KindAction ||
+         (step.Kind == KindCondition && (step.Test != TestThrow || run.thrown < 0));
+}
+
 // From `line` to the next one that is a condition to be tested or an action to be taken.
 std::int32_t WalkToStop(AutoBetRun& run, std::int32_t line) {
   Game& g = run.g;
   while (line <= std::ssize(g.ScriptProgram)) {
     const ScriptStep& step = StepAt(g, line);
     const bool isPassed = IsPassedOver(run, step.Kind);
-    if (!isPassed && (step.Kind == KindCondition || step.Kind == KindAction)) return line;
+    if (!isPassed && IsStop(run, step)) return line;
     g.CurrentLine = line;
+    if (!isPassed && step.Kind == KindCondition) TakeResult(run, EvaluateCondition(run, step));
     if (!isPassed) VisitLine(run, step);
     line = isPassed ? step.Past : step.Next;
   }
@@ -90,7 +99,7 @@ std::int32_t FindStop(AutoBetRun& run, std::int32_t line) {
   key = key * 128 + static_cast<std::uint64_t>(run.xorMode);
   const auto [place, isNew] =
       g.ScriptStopPlaces.try_emplace(key, static_cast<std::int32_t>(g.ScriptStops.size()));
-  if (isNew) g.ScriptStops.push_back({line, run, {}});
+  if (isNew) g.ScriptStops.push_back({line, line > std::ssize(g.ScriptProgram), run});
   return place->second;
 }
 
@@ -120,40 +129,73 @@ ScriptWay FindWay(AutoBetRun& run, std::int32_t line) {
   return {FindStop(run, stopLine), lines + behind - from};
 }
 
-// The same, remembered but for returns, which go where the call came from.
+ScriptWay KnownWay(const AutoBetRun& run, std::int32_t stop, std::size_t outcome) {
+  return run.ways[static_cast<std::size_t>(stop)][outcome];
+}
+
+// The ways on the run's throw, with a place for every stop.
+ScriptWays* WaysOnThrow(AutoBetRun& run) {
+  auto& ways = run.g.WaysOfThrow[static_cast<std::size_t>(run.thrown + 1)];
+  if (ways.size() < run.g.ScriptStops.size()) ways.resize(run.g.ScriptStops.size());
+  return ways.data();
+}
+
+// The way on from a stop, remembered but for returns, which go where the call came from.
 [[gnu::noinline]] ScriptWay TakeNewWay(AutoBetRun& run, std::int32_t stop, std::size_t outcome) {
   const ScriptWay way = FindWay(run, StopAt(run.g, stop).Line);
-  if (!run.returnPending) StopAt(run.g, stop).Ways[outcome] = way;
+  run.ways = WaysOnThrow(run);
+  if (!run.returnPending) run.ways[static_cast<std::size_t>(stop)][outcome] = way;
   run.returnPending = false;
   return way;
 }
 
-// Tests the condition or takes the action at a stop. Returns which of its ways goes on from there.
-std::size_t DealWith(AutoBetRun& run, const ScriptStep& step) {
-  if (step.Kind == KindCondition) {
-    TestCondition(run, step);
-    return run.lineOccurred ? 2 : run.blockTrue ? 1 : 0;
+// What comes of a condition, told to the run and to who looks on, when its way is not known.
+[[gnu::noinline]] ScriptWay GoOnAnew(AutoBetRun& run, std::int32_t stop, ConditionResult result) {
+  TakeResult(run, result);
+  if (!run.error.empty()) return {};
+  Trace(run.g, !run.blockTrue ? kFalse : run.lineOccurred ? kTrueAndNew : kTrueNotNew);
+  return TakeNewWay(run, stop, static_cast<std::size_t>(result));
+}
+
+ScriptWay PassCondition(AutoBetRun& run, std::int32_t stop, const ScriptStep& step) {
+  const ConditionResult result = EvaluateCondition(run, step);
+  const ScriptWay way = KnownWay(run, stop, static_cast<std::size_t>(result));
+  if (way.Stop < 0 || run.g.StepTraceOn || !run.error.empty()) return GoOnAnew(run, stop, result);
+  return way;
+}
+
+// Most actions only put up bets, which in Hyper-Drive nobody can interfere with.
+bool IsPlainBet(const AutoBetRun& run, const ScriptStep& step) {
+  return step.IsTypedBet && run.g.HyperDriveActive;
+}
+
+ScriptWay PassAction(AutoBetRun& run, std::int32_t stop, const ScriptStep& step) {
+  if (IsPlainBet(run, step)) {
+    PutUpTyped(run.g, step);
+    const ScriptWay way = KnownWay(run, stop, 0);
+    return way.Stop >= 0 ? way : TakeNewWay(run, stop, 0);
   }
   TakeAction(run, step);
-  return run.jumpTo != 0 ? 1 : 0;
+  if (!run.error.empty() || !run.g.AutoBetRunning) return {};
+  const std::size_t outcome = run.jumpTo != 0 ? 1 : 0;
+  ScriptWay way = KnownWay(run, stop, outcome);
+  if (way.Stop < 0 || run.returnPending || run.g.StepTraceOn) way = TakeNewWay(run, stop, outcome);
+  run.jumpTo = 0;
+  return way;
 }
 
 // Every line is visited anew while the steps are shown.
 void Walk(AutoBetRun& run) {
   Game& g = run.g;
-  ScriptWay way = StopAt(g, 0).Ways[0];
-  if (way.Stop < 0 || IsTraced(g)) way = TakeNewWay(run, 0, 0);
-  while (CountLines(run, way.Lines)) {
+  ScriptWay way = KnownWay(run, 0, 0);
+  if (way.Stop < 0 || g.StepTraceOn) way = TakeNewWay(run, 0, 0);
+  while (way.Stop >= 0 && CountLines(run, way.Lines)) {
     const ScriptStop& stop = StopAt(g, way.Stop);
-    if (stop.Line > std::ssize(g.ScriptProgram)) return;
+    if (stop.IsEnd) return;
     static_cast<ScriptState&>(run) = stop.State;
     g.CurrentLine = stop.Line;
-    const std::size_t outcome = DealWith(run, StepAt(g, stop.Line));
-    if (!run.error.empty() || !g.AutoBetRunning) return;
-    const std::int32_t from = way.Stop;
-    way = StopAt(g, from).Ways[outcome];
-    if (way.Stop < 0 || run.returnPending || IsTraced(g)) way = TakeNewWay(run, from, outcome);
-    run.jumpTo = 0;
+    const ScriptStep& step = StepAt(g, stop.Line);
+    way = step.Kind == KindCondition ? PassCondition(run, way.Stop, step) : PassAction(run, way.Stop, step);
   }
 }
 
@@ -174,10 +216,20 @@ void TakeSnapshots(Game& g) {
 
 }  // namespace
 
+void FindThrow(AutoBetRun& run) {
+  constexpr std::size_t kMostStops = 1'000;  // of a longer script the ways would fill the memory
+  const bool mayRemember = run.g.HyperDriveActive && run.g.ScriptStops.size() <= kMostStops;
+  run.thrown = mayRemember ? ThrowNow(run.g) : -1;
+  run.ways = WaysOnThrow(run);
+}
+
 void RunAutoBet(Game& g) {
   if (g.AutoBetRunning) return;
   if (!g.ScriptIsDecoded) DecodeScript(g);
+  if (!g.RollInProgress) RefreshBetSets(g);
+  if (g.Point != g.PointBeforeRoll) ForgetAnswersOnPoint(g);
   AutoBetRun run(g);
+  FindThrow(run);
   g.AutoBetRunning = true;
   g.LastAnswer = 1;
   const bool isWatched = !g.HyperDriveActive;

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "base/FormatNumber.h"
+#include "engine/bets/ChangeSteps.h"
 #include "engine/bets/Payoffs.h"
 #include "engine/bets/Placement.h"
 
@@ -10,17 +11,15 @@ namespace rollwick {
 
 namespace {
 
-enum class Verdict { GoOn, Leave };
-
-Verdict LeaveUnchanged(Game& g) {
+Ruling LeaveUnchanged(Game& g) {
   g.BetDeltaApplied = Money();
-  return Verdict::Leave;
+  return Ruling::Leave;
 }
 
 // A rule stopped the request at what the contract holds; when that leaves nothing to do, ChangeBet leaves.
-Verdict BackToContract(Game& g, BetId bet) {
+Ruling BackToContract(Game& g, BetId bet) {
   g.BetDeltaApplied = g.BetContract[bet] - g.BetAmount[bet];
-  return g.BetDeltaApplied == Money() ? Verdict::Leave : Verdict::GoOn;
+  return g.BetDeltaApplied == Money() ? Ruling::Leave : Ruling::GoOn;
 }
 
 void TellNotAllowed(Game& g, BetId bet, std::string_view text) {
@@ -39,43 +38,43 @@ constexpr std::string_view kNoPutCome =
     "(Unless you check \"Allow Put Bets\" on\rthe Configuration screen.)";
 
 // Pass Line with a point on, or a Come bet on its number, asked for more.
-Verdict IncreaseContractBet(Game& g, BetId bet, std::string_view stays, std::string_view noPut) {
+Ruling IncreaseContractBet(Game& g, BetId bet, std::string_view stays, std::string_view noPut) {
   const Money target = g.BetAmount[bet] + g.BetDeltaApplied;
   const Money contract = g.BetContract[bet];
   if (target < contract) {
     TellNotAllowed(g, bet, stays);
     return BackToContract(g, bet);
   }
-  if (g.Rules.AllowPutBets) return Verdict::GoOn;
+  if (g.Rules.AllowPutBets) return Ruling::GoOn;
   // A Come bet brought exactly back to its contract is no put bet; for the Pass Line the notice shows all the
   // same.
-  if (IsComeNumber(bet) && target == contract) return Verdict::GoOn;
+  if (IsComeNumber(bet) && target == contract) return Ruling::GoOn;
   TellNotAllowed(g, bet, noPut);
   return BackToContract(g, bet);
 }
 
-Verdict IncreaseDontBet(Game& g, BetId bet, std::string_view text) {
-  if (g.BetAmount[bet] + g.BetDeltaApplied <= g.BetContract[bet]) return Verdict::GoOn;
+Ruling IncreaseDontBet(Game& g, BetId bet, std::string_view text) {
+  if (g.BetAmount[bet] + g.BetDeltaApplied <= g.BetContract[bet]) return Ruling::GoOn;
   TellNotAllowed(g, bet, text);
   return BackToContract(g, bet);
 }
 
-Verdict RefuseUnless(Game& g, BetId bet, bool allowed, std::string_view text) {
-  if (allowed) return Verdict::GoOn;
+Ruling RefuseUnless(Game& g, BetId bet, bool allowed, std::string_view text) {
+  if (allowed) return Ruling::GoOn;
   TellNotAllowed(g, bet, text);
   return LeaveUnchanged(g);
 }
 
-Verdict RulesForIncrease(Game& g, BetId bet) {
+Ruling RulesForIncrease(Game& g, BetId bet) {
   const bool pointOn = g.Point != 0;
   const auto stands = [&g](BetId flat) { return g.BetAmount[flat] > Money(); };
   switch (bet) {
     case Bet::PassLine:
-      return pointOn ? IncreaseContractBet(g, bet, kPassLineStays, kNoPutPassLine) : Verdict::GoOn;
+      return pointOn ? IncreaseContractBet(g, bet, kPassLineStays, kNoPutPassLine) : Ruling::GoOn;
     case Bet::Come:
       return RefuseUnless(g, bet, pointOn, "You may not make a Come bet until \ra point is established.");
     case Bet::DontPass:
-      if (!pointOn) return Verdict::GoOn;
+      if (!pointOn) return Ruling::GoOn;
       return IncreaseDontBet(g, bet,
                              "You may not make or increase a Don't Pass bet\rwhile a point is established.");
     case Bet::DontCome:
@@ -95,7 +94,7 @@ Verdict RulesForIncrease(Game& g, BetId bet) {
       break;
   }
   if (IsComeOdds(bet) || IsDontComeOdds(bet)) {
-    if (stands(FlatOf(bet))) return Verdict::GoOn;
+    if (stands(FlatOf(bet))) return Ruling::GoOn;
     if (MayNotify(g, NotifyNotAllowed)) {
       TellNotAllowed(
           g, bet,
@@ -103,13 +102,13 @@ Verdict RulesForIncrease(Game& g, BetId bet) {
     }
     return LeaveUnchanged(g);
   }
-  if (g.TravelPass) return Verdict::GoOn;
+  if (g.TravelPass) return Ruling::GoOn;
   if (IsComeNumber(bet)) return IncreaseContractBet(g, bet, kComeStays, kNoPutCome);
   if (IsDontComeNumber(bet)) {
     return IncreaseDontBet(g, bet,
                            "You may not make or increase a Don't Come bet\rdirectly on a point number.");
   }
-  return Verdict::GoOn;
+  return Ruling::GoOn;
 }
 
 // Pass Line with a point on, Come bets on their numbers: what is established stays until it is decided.
@@ -117,15 +116,15 @@ bool IsContractBet(const Game& g, BetId bet) {
   return (bet == Bet::PassLine && g.Point != 0) || (IsComeNumber(bet) && !g.TravelPass);
 }
 
-Verdict RulesForDecrease(Game& g, BetId bet) {
-  if (!IsContractBet(g, bet)) return Verdict::GoOn;
+Ruling RulesForDecrease(Game& g, BetId bet) {
+  if (!IsContractBet(g, bet)) return Ruling::GoOn;
   const Money contract = g.BetContract[bet];
   if (g.BetAmount[bet] == contract) {
     TellNotAllowed(g, bet, bet == Bet::PassLine ? kPassLineStays : kComeStays);
     return LeaveUnchanged(g);
   }
   if (g.BetAmount[bet] + g.BetDeltaApplied < contract) g.BetDeltaApplied = contract - g.BetAmount[bet];
-  return Verdict::GoOn;
+  return Ruling::GoOn;
 }
 
 // The change that takes the bet off, as far as it may go.
@@ -166,15 +165,15 @@ void HoldMinimum(Game& g, BetId bet) {
   }
 }
 
-Verdict HoldMaximum(Game& g, BetId bet) {
+Ruling HoldMaximum(Game& g, BetId bet) {
   MaxBetFor(g, bet);
   const Money amount = g.BetAmount[bet];
-  if (amount + g.BetDelta <= g.BetMax || amount + g.BetDeltaApplied <= g.BetMax) return Verdict::GoOn;
+  if (amount + g.BetDelta <= g.BetMax || amount + g.BetDeltaApplied <= g.BetMax) return Ruling::GoOn;
   SetMessage(g, "Maximum bet here is $", g.BetMax);
   const bool contractBet = bet == Bet::PassLine || IsComeNumber(bet);
   if (!contractBet || g.BetContract[bet] <= g.BetMax) {
     g.BetDeltaApplied = g.BetMax - amount;
-    return Verdict::GoOn;
+    return Ruling::GoOn;
   }
   // The house lowered its maximum below a bet that may not move.
   g.BetDeltaApplied = g.BetContract[bet] - amount;
@@ -187,7 +186,7 @@ Verdict HoldMaximum(Game& g, BetId bet) {
                BetName(bet) + " Bet");
   }
   g.BetMessage.clear();
-  return g.BetDeltaApplied == Money() ? Verdict::Leave : Verdict::GoOn;
+  return g.BetDeltaApplied == Money() ? Ruling::Leave : Ruling::GoOn;
 }
 
 void AutoAdjustChange(Game& g, BetId bet) {
@@ -232,23 +231,6 @@ void TellShortBankroll(Game& g, BetId bet) {
   if (g.TotalBets - g.BetAmount[bet] > Money()) text += "      - Bet less on other bets.\r";
   text += "      - Make a withdrawal from the ATM.\r      - Allow negative bankroll amounts.";
   ShowNotice(g, NotifyLimits, text, BetName(bet) + " Bet");
-}
-
-void HoldBankroll(Game& g, BetId bet, const std::string& messageBeforeAdjust) {
-  if (g.Rules.AllowNegBankroll || !IsTooBig(g, bet, g.BetDeltaApplied)) return;
-  const Money before = g.BetDeltaApplied;
-  CutToBankroll(g, bet);
-  if (g.BetDeltaApplied == before) return;
-  g.BetMax = g.BetAmount[bet] + g.BetDeltaApplied;
-  g.BetMessage = messageBeforeAdjust;
-  AutoAdjustChange(g, bet);
-  const Money result = g.BetAmount[bet] + g.BetDeltaApplied;
-  if (result > Money() && result < g.BetMin) {
-    SetMessage(g, "Minimum bet here is $", g.BetMin);
-    g.BetDeltaApplied = ChangeToTakeOff(g, bet);
-  }
-  TellShortBankroll(g, bet);
-  g.BetMessage.clear();
 }
 
 void TellLimitReached(Game& g, BetId slot) {
@@ -302,142 +284,61 @@ void RefreshVig(Game& g, BetId bet, Money& vig, Money now, bool onAll) {
   TellVig(g, bet, before, now, onAll);
 }
 
-void MakeChange(Game& g, BetId bet) {
-  g.TableDirty = true;
-  SetAmount(g, bet, g.BetAmount[bet] + g.BetDeltaApplied);
-  g.TotalBets += g.BetDeltaApplied;
+}  // namespace
+
+Ruling FitToRules(Game& g, BetId bet, std::string& messageBeforeAdjust) {
+  PutInWholeChips(g, bet);
+  const Ruling verdict = g.BetDeltaApplied > Money() ? RulesForIncrease(g, bet) : RulesForDecrease(g, bet);
+  if (verdict == Ruling::Leave) return verdict;
+  g.BetMessage.clear();
+  SetMinimum(g, bet);
+  HoldMinimum(g, bet);
+  if (HoldMaximum(g, bet) == Ruling::Leave) return Ruling::Leave;
+  messageBeforeAdjust = g.BetMessage;
+  AutoAdjustChange(g, bet);
+  return Ruling::GoOn;
+}
+
+bool IsBeyondBankroll(const Game& g, BetId bet) {
+  return !g.Rules.AllowNegBankroll && IsTooBig(g, bet, g.BetDeltaApplied);
+}
+
+void HoldBankroll(Game& g, BetId bet, const std::string& messageBeforeAdjust) {
+  const Money before = g.BetDeltaApplied;
+  CutToBankroll(g, bet);
+  if (g.BetDeltaApplied == before) return;
+  g.BetMax = g.BetAmount[bet] + g.BetDeltaApplied;
+  g.BetMessage = messageBeforeAdjust;
+  AutoAdjustChange(g, bet);
+  const Money result = g.BetAmount[bet] + g.BetDeltaApplied;
+  if (result > Money() && result < g.BetMin) {
+    SetMessage(g, "Minimum bet here is $", g.BetMin);
+    g.BetDeltaApplied = ChangeToTakeOff(g, bet);
+  }
+  TellShortBankroll(g, bet);
+  g.BetMessage.clear();
+}
+
+void RefreshVigOf(Game& g, BetId bet) {
   const Money amount = g.BetAmount[bet];
-  if (amount == Money()) ResetBetWorking(g, bet);
   if (IsBuy(bet)) {
     RefreshVig(g, bet, g.BuyVigAmount[bet], ComputeBuyVig(g, bet, amount), g.Rules.BuyVigOnAll);
-  } else if (IsLay(bet)) {
+  } else {
     RefreshVig(g, bet, g.LayVigAmount[bet], ComputeLayVig(g, bet, amount), g.Rules.LayVigOnAll);
   }
 }
 
-// What the rules make of BetDelta, before the bankroll is looked at: BetDeltaApplied, BetMin, BetMax.
-Verdict FitToRules(Game& g, BetId bet, std::string& messageBeforeAdjust) {
-  PutInWholeChips(g, bet);
-  const Verdict verdict = g.BetDeltaApplied > Money() ? RulesForIncrease(g, bet) : RulesForDecrease(g, bet);
-  if (verdict == Verdict::Leave) return verdict;
-  g.BetMessage.clear();
-  SetMinimum(g, bet);
-  HoldMinimum(g, bet);
-  if (HoldMaximum(g, bet) == Verdict::Leave) return Verdict::Leave;
-  messageBeforeAdjust = g.BetMessage;
-  AutoAdjustChange(g, bet);
-  return Verdict::GoOn;
-}
-
-// What of the table bears on a request for a bet, beside the bet itself.
-struct Bearing {
-  bool hasContract = false;
-  bool seesPoint = false;
-  bool isFollowed = false;  // by odds or a vig
-  BetId flat = 0;           // of odds
-};
-
-constexpr auto kBearings = [] {
-  std::array<Bearing, kBetCount + 1> bearings{};
-  for (BetId bet = 1; bet <= kBetCount; ++bet) {
-    Bearing& bearing = bearings[static_cast<std::size_t>(bet)];
-    bearing.hasContract =
-        IsComeNumber(bet) || IsDontComeNumber(bet) || bet == Bet::PassLine || bet == Bet::DontPass;
-    bearing.seesPoint = bet >= Bet::PassLine && bet <= Bet::DontCome;
-    bearing.isFollowed = bearing.hasContract || IsBuy(bet) || IsLay(bet);
-    if (IsOdds(bet)) bearing.flat = FlatOf(bet);
-  }
-  return bearings;
-}();
-
-const Bearing& BearingOn(BetId bet) {
-  return kBearings[static_cast<std::size_t>(bet)];
-}
-
-ChangeRequest RequestOf(const Game& g, BetId bet) {
-  const Bearing& bearing = BearingOn(bet);
-  ChangeRequest request;
-  request.Amount = g.BetAmount[bet];
-  request.Delta = g.BetDelta;
-  request.IsTravelling = g.TravelPass;
-  request.Bias = BiasOf(g, bet);
-  if (bearing.hasContract) request.Contract = g.BetContract[bet];
-  if (bearing.flat != 0) request.Flat = g.BetAmount[bearing.flat];
-  if (bearing.seesPoint) request.Point = g.Point;
-  return request;
-}
-
-KnownChange& PlaceOf(Game& g, BetId bet, const ChangeRequest& request) {
-  const auto bits = [](Money amount) { return static_cast<std::uint64_t>(amount.Units()); };
-  const std::uint64_t mixed =
-      (bits(request.Amount) * 3 + bits(request.Delta) * 5 + bits(request.Contract) * 7 +
-       bits(request.Flat) * 11 + static_cast<std::uint64_t>(request.Point)) *
-      0x9E3779B97F4A7C15u;
-  return g.TheLedger.Changes[static_cast<std::size_t>(bet)][mixed >> kKnownChangesShift];
-}
-
-// FitToRules with nobody to be told anything: most requests of a long run have been made before.
-Verdict FitAsBefore(Game& g, BetId bet) {
-  const ChangeRequest request = RequestOf(g, bet);
-  KnownChange& known = PlaceOf(g, bet, request);
-  if (known.RulesNumber != g.TheLedger.RulesNumber || known.Request != request) {
-    std::string message;
-    const bool isRefused = FitToRules(g, bet, message) == Verdict::Leave;
-    known = {g.TheLedger.RulesNumber, isRefused, request, g.BetDeltaApplied, g.BetMin, g.BetMax};
-  }
-  g.BetDeltaApplied = known.Applied;
-  if (known.IsRefused) return Verdict::Leave;
-  g.BetMin = known.BetMin;
-  g.BetMax = known.BetMax;
-  return Verdict::GoOn;
-}
-
-// Whether the rules are known to give just what stands for a request of `amount` on the empty spot.
-bool StandsAsAsked(Game& g, BetId bet, Money amount) {
-  ChangeRequest request = RequestOf(g, bet);
-  request.Amount = Money();
-  request.Delta = amount;
-  const KnownChange& known = PlaceOf(g, bet, request);
-  if (known.RulesNumber != g.TheLedger.RulesNumber || known.Request != request) return false;
-  // Nothing put up on nothing is no idle request: the button of an empty spot goes.
-  const Money stands = g.BetAmount[bet];
-  return known.IsRefused ? stands == Money() : stands != Money() && stands == known.Applied;
-}
-
-}  // namespace
-
-bool IsBetAsAsked(Game& g, BetId bet, Money amount) {
-  if (!g.HyperDriveActive || !IsBet(bet)) return false;
-  const Bearing& bearing = BearingOn(bet);
-  const Money stands = g.BetAmount[bet];
-  if (bearing.isFollowed) return false;
-  if (stands != Money() && !g.Rules.AllowNegBankroll && g.TotalBets > g.BetAmount[SlotBankroll]) return false;
-  AnsweredRequest& last = g.TheLedger.LastAnswers[static_cast<std::size_t>(bet)];
-  const AnsweredRequest now = {g.TheLedger.RulesNumber,
-                               amount,
-                               stands,
-                               bearing.flat != 0 ? g.BetAmount[bearing.flat] : Money(),
-                               bearing.seesPoint ? g.Point : 0,
-                               BiasOf(g, bet)};
-  if (last == now) return true;
-  if (!StandsAsAsked(g, bet, amount)) return false;
-  last = now;
-  return true;
-}
-
 void ChangeBet(Game& g, BetId bet) {
-  // No request can reach further than from one end of a Chip-Stack to the other.
-  g.BetDelta = std::clamp(g.BetDelta, -kMaxChipStack - kMaxChipStack, kMaxChipStack + kMaxChipStack);
-  g.BetDeltaApplied = g.BetDelta;
+  g.BetDelta = g.BetDeltaApplied = WithinReach(g.BetDelta);
   if (IsChipStack(bet) || bet == SlotBehindStacks) return ChangeChipStack(g, bet);
   if (!IsBet(bet)) {
     g.BetDeltaApplied = Money();
     return;
   }
+  if (g.HyperDriveActive) return ChangeAsKnown(g, bet);
   std::string messageBeforeAdjust;
-  const Verdict verdict = g.HyperDriveActive ? FitAsBefore(g, bet) : FitToRules(g, bet, messageBeforeAdjust);
-  if (verdict == Verdict::Leave) return;
-  HoldBankroll(g, bet, messageBeforeAdjust);
+  if (FitToRules(g, bet, messageBeforeAdjust) == Ruling::Leave) return;
+  if (IsBeyondBankroll(g, bet)) HoldBankroll(g, bet, messageBeforeAdjust);
   TellLimitReached(g, bet);
   MakeChange(g, bet);
 }

@@ -1,6 +1,8 @@
 // What a player does with a bet beyond changing its amount: odds, buying, calling, clearing.
 #include "engine/bets/Placement.h"
 
+#include "engine/bets/Bearings.h"
+#include "engine/bets/ChangeSteps.h"
 #include "engine/bets/Resolution.h"
 
 namespace rollwick {
@@ -28,9 +30,36 @@ void Change(Game& g, BetId bet, Money by) {
   if (!g.HyperDriveActive) g.TheHost->ChipsChanged(g, bet);
 }
 
+KnownMaximum& MaximumBehind(Game& g, BetId odds, Money flat, int point) {
+  const int place = flat == Money() ? 0 : point == 0 ? 1 : 2 + BoxPlace(point);
+  return g.TheLedger.Maxima[static_cast<std::size_t>(odds)][static_cast<std::size_t>(place)];
+}
+
+// MaxBetFor of odds, in Hyper-Drive remembered from before.
+void FindMaximum(Game& g, BetId odds) {
+  if (!g.HyperDriveActive) return MaxBetFor(g, odds);
+  const Money flat = g.BetAmount[FlatOf(odds)];
+  const int point = BearingOn(odds).seesPoint ? g.Point : 0;
+  KnownMaximum& known = MaximumBehind(g, odds, flat, point);
+  if (known.RulesNumber != g.TheLedger.RulesNumber || known.Flat != flat) {
+    MaxBetFor(g, odds);
+    known = {g.TheLedger.RulesNumber, flat, g.BetMax, g.OddsMultiple};
+  }
+  g.BetMax = known.BetMax;
+  g.OddsMultiple = known.OddsMultiple;
+}
+
 void FollowWithOdds(Game& g, BetId odds, bool always) {
-  MaxBetFor(g, odds);
+  FindMaximum(g, odds);
   if (always || g.BetAmount[odds] > g.BetMax) TakeFullOdds(g, odds);
+}
+
+// Odds behind a bet that has changed; BetDeltaApplied stays the bet's own.
+void FollowChange(Game& g, BetId bet) {
+  const Money applied = g.BetDeltaApplied;
+  if (applied == Money()) return;
+  OddsFollow(g, bet);
+  g.BetDeltaApplied = applied;
 }
 
 void FullOddsBehind(Game& g, BetId flat, BetId odds) {
@@ -79,6 +108,7 @@ Money AdjustedAmount(Game& g, BetId bet, int choice) {
 }  // namespace
 
 void OddsFollow(Game& g, BetId bet) {
+  if (!IsBet(bet) || !BearingOn(bet).isFollowed) return;
   if (bet == Bet::PassLine && g.Point != 0) FollowWithOdds(g, Bet::PassLineOdds, g.AutoTakeFullOdds);
   if (bet == Bet::DontPass && g.Point != 0) FollowWithOdds(g, Bet::DontPassOdds, g.AutoLayFullOdds);
   if (IsComeNumber(bet)) FollowWithOdds(g, bet + 6, g.AutoTakeFullOdds);
@@ -87,12 +117,28 @@ void OddsFollow(Game& g, BetId bet) {
 
 void PlaceChips(Game& g, BetId bet) {
   Change(g, bet, g.BetDelta);
-  const Money applied = g.BetDeltaApplied;
-  if (applied == Money()) return;
   // The dealer moves a travelling Come bet; only the player's chips are heard.
-  if (!g.HyperDriveActive && !g.TravelPass) g.TheHost->Play(g, Sound::Chips);
-  OddsFollow(g, bet);
-  g.BetDeltaApplied = applied;
+  const bool isHeard = g.BetDeltaApplied != Money() && !g.TravelPass;
+  if (isHeard && !g.HyperDriveActive) g.TheHost->Play(g, Sound::Chips);
+  FollowChange(g, bet);
+}
+
+void OverwriteAmount(Game& g, BetId slot, Money amount) {
+  if (IsBet(slot)) g.TotalBets += amount - g.BetAmount[slot];
+  SetAmount(g, slot, amount);
+}
+
+void PutUpAfresh(Game& g, BetId slot, Money amount) {
+  if (g.HyperDriveActive && IsBet(slot)) {
+    if (!PutUpAsKnown(g, slot, amount)) return;
+    FollowChange(g, slot);
+  } else {
+    OverwriteAmount(g, slot, Money());
+    g.BetDelta = amount;
+    PlaceChips(g, slot);
+  }
+  // A bet that stays down went down without a word; its odds may not stand alone.
+  if (amount == Money() && g.BetAmount[slot] == Money()) OddsFollow(g, slot);
 }
 
 void TakeFullOdds(Game& g, BetId bet) {

@@ -10,13 +10,24 @@ namespace rollwick {
 // BetWorking.
 void ChangeBet(Game& g, BetId bet);
 
-// Whether taking `bet` off and asking for `amount` afresh is known to leave things just as they are. False
-// when that has to be tried.
-bool IsBetAsAsked(Game& g, BetId bet, Money amount);
-
 // The click: ChangeBet, then the odds that follow a line or Come bet by themselves. BetDeltaApplied is the
 // bet's own.
 void PlaceChips(Game& g, BetId bet);
+
+// The slot as it is said to be, without a word to the rules.
+void OverwriteAmount(Game& g, BetId slot, Money amount);
+
+// Empties the slot so and asks the rules for `amount` on it, and for the odds that follow.
+void PutUpAfresh(Game& g, BetId slot, Money amount);
+// The same, but what is known to stand just as it would then is left alone.
+inline void PutUp(Game& g, BetId slot, Money amount) {
+  const bool isKnown = amount >= Money() && g.Asked[static_cast<std::size_t>(slot)] == amount;
+  const bool isCovered = g.Rules.AllowNegBankroll || AvailableBankroll(g) >= Money();
+  if (!isKnown || !isCovered) PutUpAfresh(g, slot, amount);
+}
+
+// The point has moved: what is known of bets that depend on it holds no more.
+void ForgetAnswersOnPoint(Game& g);
 
 // After a change of a line or Come bet: odds that ride along with it, or stand too high behind what is left.
 void OddsFollow(Game& g, BetId bet);
@@ -27,9 +38,6 @@ void MaxBetFor(Game& g, BetId bet);
 // Sets BetMax to the most odds behind `flat`; ratioA to ratioB is the odds payoff the right way up for taking
 // odds.
 void MaxOddsBetFor(Game& g, BetId bet, BetId flat, Money ratioA, Money ratioB);
-
-// Which way the player wants bets of this kind to be fitted.
-std::int32_t BiasOf(const Game& g, BetId bet);
 
 // Moves BetDeltaApplied, the change about to be made on `bet`, so that the bet pays whole chips.
 void AdjustForProperPayoff(Game& g, BetId bet);

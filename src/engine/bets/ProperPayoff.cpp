@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "base/FormatNumber.h"
+#include "engine/bets/Bearings.h"
 #include "engine/bets/Placement.h"
 
 namespace rollwick {
@@ -104,14 +105,6 @@ void TellLimit(Game& g, Money amount, bool ranIntoMaximum) {
 }
 
 }  // namespace
-
-std::int32_t BiasOf(const Game& g, BetId bet) {
-  if (IsLay(bet)) return g.LayBias;
-  if (IsPlace(bet)) return g.PlaceBias;
-  if (IsDoOdds(bet)) return g.DoBias;
-  if (IsDontOdds(bet)) return g.DontBias;
-  return BiasNearest;
-}
 
 void AdjustForProperPayoff(Game& g, BetId bet) {
   const Money amount = g.BetAmount[bet];

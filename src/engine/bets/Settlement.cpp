@@ -220,7 +220,9 @@ void PressDouble(Game& g) {
 void ParlayBet(Game& g) {
   const AutoPlayTables kept = g;
   g.LayBias = g.PlaceBias = g.DoBias = g.DontBias = BiasDecrease;
+  g.TheLedger.IsParlay = true;
   Change(g, g.PayoffNet);
+  g.TheLedger.IsParlay = false;
   g.LayBias = kept.LayBias;
   g.PlaceBias = kept.PlaceBias;
   g.DoBias = kept.DoBias;

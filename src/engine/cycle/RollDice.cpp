@@ -120,6 +120,7 @@ void TakeEndSnapshots(Game& g) {
   g.RollsSinceEvent[EventEveryRoll] = g.RollCount();
   g.ChangedSinceEnd.ForEach([&](BetId slot) { g.BetAfterSettle[slot] = g.BetAmount[slot]; });
   g.ChangedSinceEnd = {};
+  g.BetsAtEnd = g.BetsStanding;
   assert(g.BetAfterSettle == g.BetAmount);
   g.BetWorkingAfterSettle = g.BetWorking;
   for (FlagEntry& flag : g.ScriptFlags) flag.PrevValue = flag.Value;

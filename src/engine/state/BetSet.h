@@ -18,6 +18,8 @@ class IdSet {
     const std::uint64_t bit = std::uint64_t{1} << (id & 63);
     words_[Word(id)] = isIn ? words_[Word(id)] | bit : words_[Word(id)] & ~bit;
   }
+  // Ids 64 x `word` and up, the lowest in bit 0.
+  constexpr std::uint64_t WordAt(std::size_t word) const { return words_[word]; }
   constexpr bool IsEmpty() const { return *this == IdSet(); }
 
   // The ids from `first` to `last`.

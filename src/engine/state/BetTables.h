@@ -96,9 +96,13 @@ struct BetTables {
   BetSet BetsCalled;
   BetSet BetsOnByDefault;
   BetSet BetsAtThrow;  // with chips on them in BetAtThrow
+  BetSet BetsAtEnd;    // the same in BetAfterSettle
   // Slots whose amount or contract may differ from what was kept at the throw and at the end of the roll.
   SlotSet ChangedSinceThrow;
   SlotSet ChangedSinceEnd;
+  // What a script asked for on a slot where asking again would change nothing; below 0 where that is not
+  // known.
+  std::array<Money, kSlotCount> Asked{};
 
   // The vig of the amount now on each Lay bet 1..6 and Buy bet 37..42, rounded; 0 on all others.
   std::array<Money, 7> LayVigAmount{};

@@ -102,9 +102,11 @@ void RefreshBetSets(Game& g) {
     g.BetsStanding.Set(bet, g.BetAmount[bet] != Money());
     g.BetsOnByDefault.Set(bet, g.BetWorkingDefault[bet] >= On);
     g.BetsAtThrow.Set(bet, g.BetAtThrow[bet] != Money());
+    g.BetsAtEnd.Set(bet, g.BetAfterSettle[bet] > Money());
     SetBetWorking(g, bet, g.BetWorking[bet]);
   }
   g.ChangedSinceThrow = g.ChangedSinceEnd = SlotSet::Range(0, kSlotCount - 1);
+  g.Asked.fill(kNotAsked);
 }
 
 void ApplyComeOutWorking(Game& g) {
@@ -121,7 +123,9 @@ void ApplyComeOutWorking(Game& g) {
 }
 
 void ResetBetWorking(Game& g, BetId bet) {
-  if (IsBet(bet)) SetBetWorking(g, bet, g.Point == 0 ? g.BetWorkingDefault[bet] : On);
+  if (!IsBet(bet)) return;
+  const std::int32_t working = g.Point == 0 ? g.BetWorkingDefault[bet] : On;
+  if (g.BetWorking[bet] != working) SetBetWorking(g, bet, working);
 }
 
 void SetStartUpDefaults(Game& g) {

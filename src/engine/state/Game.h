@@ -61,6 +61,8 @@ struct Game : GameTables {
   std::vector<ScriptStep> ScriptProgram;  // ScriptLines as a run takes them
   std::vector<ScriptStop> ScriptStops;    // found so far; emptied when the steps are made anew
   std::unordered_map<std::uint64_t, std::int32_t> ScriptStopPlaces;  // in ScriptStops, by line and state
+  // By throw and stop, as far as they were walked; entry 0 is for runs that no throw came before.
+  std::array<std::vector<ScriptWays>, 1 + kThrows> WaysOfThrow;
   bool ScriptIsDecoded = false;  // cleared by whoever changes lines or adds flags
   std::string OutputFileName;    // as the script named it
   OutputFile ScriptOutput;
@@ -77,11 +79,26 @@ void SetLineOddsPayoffs(Game& g);
 // Which bets work on the come-out as the house opens with, applied at once.
 void SetDefaultWorking(Game& g);
 
+// The odds behind each slot; the slot itself where it has none.
+inline constexpr auto kOddsBehind = [] {
+  std::array<std::uint8_t, kSlotCount> odds{};
+  for (BetId slot = 0; slot < kSlotCount; ++slot)
+    odds[static_cast<std::size_t>(slot)] = static_cast<std::uint8_t>(slot);
+  for (BetId bet = 1; bet <= kBetCount; ++bet) {
+    if (IsOdds(bet)) odds[static_cast<std::size_t>(FlatOf(bet))] = static_cast<std::uint8_t>(bet);
+  }
+  return odds;
+}();
+
+inline constexpr Money kNotAsked = Money::FromUnits(-1);
+
 // Writes the amount of a slot, as everybody does while the dice roll.
 inline void SetAmount(BetTables& g, BetId slot, Money amount) {
-  g.BetAmount[slot] = amount;
+  const auto place = static_cast<std::size_t>(slot);
+  g.BetAmount[place] = amount;
   g.ChangedSinceThrow.Set(slot);
   g.ChangedSinceEnd.Set(slot);
+  g.Asked[place] = g.Asked[kOddsBehind[place]] = kNotAsked;
   if (IsBet(slot)) g.BetsStanding.Set(slot, amount != Money());
 }
 

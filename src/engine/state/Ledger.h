@@ -7,6 +7,7 @@
 
 #include "engine/state/BetSet.h"
 #include "engine/state/BetTables.h"
+#include "engine/state/ScriptTables.h"
 #include "engine/state/StatisticsTables.h"
 
 namespace rollwick {
@@ -33,8 +34,7 @@ struct EventMarks {
 // bets in action and the numbers that phantom Come and Don't Come bets have travelled to. So rolls are
 // counted by these, and decisions only when they are read.
 
-inline constexpr int kPointPlaces = 7;  // the come-out and the six numbers
-inline constexpr int kFaces = 7;        // a generator can deliver a 7
+inline constexpr int kFaces = 7;  // a generator can deliver a 7
 inline constexpr int kLineCells = kPointPlaces * kFaces * kFaces;
 // A number, which of its four phantom bets are there, and whether it was rolled or a seven.
 inline constexpr int kPresences = 16;
@@ -92,41 +92,37 @@ struct PhantomLedger {
 
 // ---- Changes of bets that were reckoned before.
 
-// A request, with all that can differ between two equal ones under the same rules.
+// A request, with all that can differ between two equal ones.
 struct ChangeRequest {
+  std::uint64_t Circumstances =
+      0;  // the rules and what else is no amount; never 0 of a request that was made
   Money Amount;
   Money Delta;
-  Money Contract;  // of contract bets
-  Money Flat;      // of odds
-  std::int32_t Point = 0;
-  std::int32_t Bias = 0;
-  bool IsTravelling = false;
+  Money Tie;  // the contract of contract bets, the flat bet of odds
   friend bool operator==(const ChangeRequest&, const ChangeRequest&) = default;
 };
 
 // What the rules made of it, before the bankroll was looked at.
 struct KnownChange {
-  std::uint32_t RulesNumber = 0;  // of the rules it is known under
-  bool IsRefused = false;
   ChangeRequest Request;
+  bool IsRefused = false;
   Money Applied;
   Money BetMin;
   Money BetMax;
 };
 
-inline constexpr int kKnownChangesShift = 58;     // the top bits of a hash choose the place
-inline constexpr std::size_t kKnownChanges = 64;  // of a bet: put up, kept, taken down, on each point
+inline constexpr int kKnownChangesShift = 59;     // the top bits of a hash choose the place
+inline constexpr std::size_t kKnownChanges = 32;  // places of a bet: put up, kept, taken down, on each point
 
-// A request on an empty spot that the rules answer with just what stands there.
-struct AnsweredRequest {
+// The most that may stand on odds behind a flat bet.
+struct KnownMaximum {
   std::uint32_t RulesNumber = 0;
-  Money Asked;
-  Money Stands;
-  Money Flat;  // of odds
-  std::int32_t Point = 0;
-  std::int32_t Bias = 0;
-  friend bool operator==(const AnsweredRequest&, const AnsweredRequest&) = default;
+  Money Flat;
+  Money BetMax;
+  Money OddsMultiple;
 };
+
+inline constexpr std::size_t kKnownMaxima = 8;  // of odds: behind no bet, off the lines, on each point
 
 // What prices and known changes follow from; when it changes they are worked out anew.
 struct RulesInForce {
@@ -135,15 +131,18 @@ struct RulesInForce {
   TableRules Rules;
   std::array<Money, kChipCount> Denominations{};
   std::int32_t AutoAdjustBetAmounts = 0;
+  std::array<std::int32_t, 4> Biases{};  // of Lay, Place, Do and Don't bets
 };
 
 struct Ledger {
   RulesInForce Rules;
   std::uint32_t RulesNumber = 1;  // another one for all rules that were in force since the start
+  bool IsParlay = false;          // the biases of the moment are those of a parlay
   EventMarks Events;
   PhantomLedger Phantoms;
-  std::array<std::array<KnownChange, kKnownChanges>, kBetCount + 1> Changes{};
-  std::array<AnsweredRequest, kBetCount + 1> LastAnswers{};
+  // Two to a place, the latest first.
+  std::array<std::array<std::array<KnownChange, 2>, kKnownChanges>, kBetCount + 1> Changes{};
+  std::array<std::array<KnownMaximum, kKnownMaxima>, kBetCount + 1> Maxima{};
 };
 
 }  // namespace rollwick

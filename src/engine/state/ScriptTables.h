@@ -6,6 +6,7 @@
 #include <string>
 
 #include "base/Money.h"
+#include "engine/state/BetSet.h"
 #include "engine/state/Bets.h"
 
 namespace rollwick {
@@ -76,10 +77,22 @@ struct ScriptStep {
   std::int16_t RightFirst = 0;
   std::int16_t RightLast = -1;
   std::int16_t Test = 0;        // of a condition what kind of test it is
+  std::int16_t Group = 0;       // of a condition which of its slots the left item means: an ItemGroup
   std::int16_t Accepts = 0;     // of a comparison the signs of left minus right that it holds for, as bits
   bool HasTypedAmount = false;  // a condition reads Amount; else the amount is to be found
+  bool IsNegated =
+      false;  // of a condition on bets: it holds for those that do not stand, or were not decided so
+  bool StaysOffTheLine = false;  // of an action on Place bets: the number of the line bet is left out
+  bool IsTypedBet = false;       // an action that puts a typed amount on slots that are always the same
+  BetSet LeftBets;               // the slots left as a set, where they are bets
   Money Amount;
 };
+
+inline constexpr int kTotals = 13;      // 2..14: a generator can deliver a 7
+inline constexpr int kPointPlaces = 7;  // the come-out and the six numbers
+// Throws that differ in the point before or after them, their total, or whether a point was on before the
+// last.
+inline constexpr int kThrows = kPointPlaces * kPointPlaces * kTotals * 2;
 
 // What the conditions of a run have come to, between two lines.
 struct ScriptState {
@@ -92,22 +105,25 @@ struct ScriptState {
   std::int16_t xorMode = 0;    // KindXorWhen or KindXorWhile while such a block is open
 };
 
-// The way from one stop of a run to the next, with the lines it counts for. Stop is -1 until it was walked.
+// Where a run tests a condition or takes an action, and in what state it arrives. Stop 0 is the start, before
+// line 1; the line behind the last one is the end.
+struct ScriptStop {
+  std::int32_t Line = 0;
+  bool IsEnd = false;
+  ScriptState State;
+};
+
+// The way from one stop of a run to the next, with the lines it counts for. The lines between two stops only
+// move the state, and so do conditions on the throw while it is the same; so a way found once is good until
+// the script changes. Stop is -1 until it was walked.
 struct ScriptWay {
   std::int32_t Stop = -1;
   std::int32_t Lines = 0;
 };
 
-// Where a run tests a condition or takes an action, and in what state it arrives. The lines between two stops
-// only move the state, so a way found once is good until the script changes. Stop 0 is the start, before line
-// 1; the line behind the last one is the end.
-struct ScriptStop {
-  std::int32_t Line = 0;
-  ScriptState State;
-  // By what comes of the stop: a condition that is false, true, or true and new; an action that goes on or
-  // jumps.
-  std::array<ScriptWay, 3> Ways{};
-};
+// The ways on from a stop, by what comes of it: a condition that is false, true, or true and new; an action
+// that goes on or jumps.
+using ScriptWays = std::array<ScriptWay, 3>;
 
 struct ScriptTables {
   std::int32_t AutoBetsActive = 0;  // 1 while the player has the script switched on

@@ -118,4 +118,9 @@ struct StatisticsTables {
   std::int32_t RollCount() const { return RollEventCount[EventEveryRoll]; }
 };
 
+// The bet of DecidedBets' entry `place`.
+inline BetId DecidedBet(const StatisticsTables& g, std::int32_t place) {
+  return g.DecidedBets[static_cast<std::size_t>(place)] >> 1 & 127;
+}
+
 }  // namespace rollwick

@@ -23,8 +23,8 @@ constexpr int kScripts = 500, kRolls = 400;
 #else
 constexpr int kScripts = 2000, kRolls = 1000;
 #endif
-constexpr int kCompared = 10;  // one script in so many is played four times, for fewer rolls
-constexpr int kComparedRolls = 150;
+constexpr int kCompared = 10;  // one script in so many is played four times
+constexpr int kComparedRuns = 8, kRollsInRun = 40;
 
 using Random = std::mt19937;
 
@@ -192,7 +192,17 @@ struct LotHost : FolderHost {
   Random random;
   std::string shown;
 
-  void PumpEvents(Game& g) override { g.AutoBetRunning = false; }
+  bool forgets = false;
+
+  void PumpEvents(Game& g) override {
+    if (forgets && !g.AutoBetRunning) Forget(g);
+    g.AutoBetRunning = false;
+  }
+  // As if the next roll were the first: no way through the script and no request is known from before.
+  static void Forget(Game& g) {
+    g.ScriptIsDecoded = false;
+    ++g.TheLedger.RulesNumber;
+  }
   Answer Show(Game& g, const Message& message) override {
     shown += message.title + ": " + message.text + "\n";
     if ((message.flags & MessageYes) == 0) return Answer::Ok;
@@ -235,11 +245,20 @@ class ScriptGame {
   }
 
   int Decisions() const { return decisions_; }
-  // Every roll as if it were the first: no way through the script and no request is known from before.
-  void ForgetBeforeEachRoll() { forgets_ = true; }
+  // The world is let in after every roll, and makes the table forget.
+  void ForgetBeforeEachRoll() {
+    host_.forgets = true;
+    t_.g.HyperThrottle = 1;
+  }
   void Roll(int rolls) {
     for (int roll = 0; roll < rolls && !::testing::Test::HasFailure(); ++roll) {
-      OneRoll();
+      Run(1);
+      Check();
+    }
+  }
+  void RollInRuns(int runs) {
+    for (int run = 0; run < runs && !::testing::Test::HasFailure(); ++run) {
+      Run(kRollsInRun);
       Check();
     }
   }
@@ -247,28 +266,22 @@ class ScriptGame {
   std::string Report();
 
  private:
-  void OneRoll();
+  void Run(int rolls);
   void Check();
   void ReadLog();
 
   TestTable t_;
   LotHost host_;
   bool isWatched_ = false;
-  bool forgets_ = false;
   int decisions_ = 0;
   Money results_;  // won less lost, since the game began
 };
 
-void ScriptGame::OneRoll() {
+void ScriptGame::Run(int rolls) {
   Game& g = t_.g;
   if (IsBeyondBankLimit(g) || g.BetAmount[SlotBankroll] < Dollars(20)) NewGame(g, true);
-  if (forgets_) {
-    g.ScriptIsDecoded = false;
-    g.TheLedger.Changes = {};
-    g.TheLedger.LastAnswers = {};
-  }
   if (isWatched_) return RollDice(g);
-  g.AutoRollsSet = g.AutoRollsLeft = 1;
+  g.RollsInRunSet = rolls;  // through all games that the script begins
   ToggleHyperDrive(g);
 }
 
@@ -352,7 +365,7 @@ std::string ScriptGame::Report() {
 std::string Play(const Script& lines, std::uint32_t seed, bool forgets = false) {
   ScriptGame game(lines, seed);
   if (forgets) game.ForgetBeforeEachRoll();
-  game.Roll(kComparedRolls);
+  game.RollInRuns(kComparedRuns);
   return game.Report();
 }
 

@@ -44,17 +44,23 @@ std::array<Money, kChipCount> Denominations(const Game& g) {
   return chips;
 }
 
+std::array<std::int32_t, 4> Biases(const Game& g) {
+  return {g.LayBias, g.PlaceBias, g.DoBias, g.DontBias};
+}
+
 bool RulesAreUnchanged(const Game& g) {
   const RulesInForce& rules = g.TheLedger.Rules;
   for (BetId row = 0; row <= kBetCount; ++row) {
     if (HasOwnPayoff(row) && rules.PayoffTable[row] != g.PayoffTable[row]) return false;
   }
   return rules.FieldPayoffTable == g.FieldPayoffTable && rules.Rules == g.Rules &&
-         rules.Denominations == Denominations(g) && rules.AutoAdjustBetAmounts == g.AutoAdjustBetAmounts;
+         rules.Denominations == Denominations(g) && rules.AutoAdjustBetAmounts == g.AutoAdjustBetAmounts &&
+         rules.Biases == Biases(g);
 }
 
 void TakeOnRules(Game& g) {
-  g.TheLedger.Rules = {g.PayoffTable, g.FieldPayoffTable, g.Rules, Denominations(g), g.AutoAdjustBetAmounts};
+  g.TheLedger.Rules = {g.PayoffTable,    g.FieldPayoffTable,     g.Rules,
+                       Denominations(g), g.AutoAdjustBetAmounts, Biases(g)};
   PhantomLedger& phantoms = g.TheLedger.Phantoms;
   phantoms.PriceCount = 0;
   phantoms.FirstPrice.fill(-1);

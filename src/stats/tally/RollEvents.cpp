@@ -90,13 +90,6 @@ void TallyEvent(StatisticsTables& g, EventMark& mark, RollEvent event, std::int3
   mark = {now, now, mark.Tracked, mark.Count + 1};
 }
 
-// Events 0 and 1 are tracked on every roll.
-std::int32_t TrackedCount(const Game& g, RollEvent event) {
-  const EventMarks& events = g.TheLedger.Events;
-  return (event <= EventTrackedRolls ? g.RollCount() : events.Marks[event].Count) +
-         events.TrackedOffset[event];
-}
-
 }  // namespace
 
 void StartEventMarks(Game& g) {
@@ -122,31 +115,6 @@ void TallyRoll(Game& g) {
     TallyEvent(g, events.Marks[event], event, now);
   }
   events.Stage = RollStage::Counted;
-}
-
-std::int32_t RollsSince(const Game& g, RollEvent event) {
-  const EventMarks& events = g.TheLedger.Events;
-  const bool isMarked = events.Stage != RollStage::None && event != EventEveryRoll;
-  return isMarked ? g.RollCount() - events.Marks[event].Hit : g.RollsSinceEvent[event];
-}
-
-TrackedEvent Tracked(const Game& g, RollEvent event) {
-  const EventMarks& events = g.TheLedger.Events;
-  if (events.Stage == RollStage::None) {
-    return {g.TrackedEventCount[event], g.TrackedEventCountBefore[event], g.TrackedRollBase[event],
-            g.TrackedRollBaseBefore[event]};
-  }
-  const EventMark& mark = events.Marks[event];
-  const std::int32_t now = g.RollCount();
-  const std::int32_t count = TrackedCount(g, event);
-  // The rolls-since counter of the event that is every roll is not used.
-  const std::int32_t rolls = event == EventEveryRoll ? g.TrackedRollBase[event] : now - mark.Tracked;
-  if (events.Stage == RollStage::Begun) return {count, count, rolls, rolls};
-  const bool isHit = event <= EventTrackedRolls || mark.Hit == now;
-  const std::int32_t rollsBefore = now - 1 - (mark.Hit == now ? mark.TrackedBefore : mark.Tracked);
-  // Reset in this very roll, both stand at 0.
-  return {count, std::max(count - (isHit ? 1 : 0), 0), rolls,
-          event == EventEveryRoll ? rolls : std::max(rollsBefore, 0)};
 }
 
 void EnterEvents(Game& g) {

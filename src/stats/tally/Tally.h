@@ -1,6 +1,8 @@
 // Counters of rolls, bets, hands and the bankroll: every update is an increment or a copy.
 #pragma once
 
+#include <algorithm>
+
 #include "engine/state/Game.h"
 
 namespace rollwick {
@@ -17,7 +19,18 @@ void BringUpToDate(Game& g);
 void TallyRoll(Game& g);
 
 // RollsSinceEvent of `event` (0..90), up to date in a run too.
-std::int32_t RollsSince(const Game& g, RollEvent event);
+inline std::int32_t RollsSince(const Game& g, RollEvent event) {
+  const EventMarks& events = g.TheLedger.Events;
+  const bool isMarked = events.Stage != RollStage::None && event != EventEveryRoll;
+  return isMarked ? g.RollCount() - events.Marks[event].Hit : g.RollsSinceEvent[event];
+}
+
+// Events 0 and 1 are tracked on every roll.
+inline std::int32_t TrackedCount(const Game& g, RollEvent event) {
+  const EventMarks& events = g.TheLedger.Events;
+  return (event <= EventTrackedRolls ? g.RollCount() : events.Marks[event].Count) +
+         events.TrackedOffset[event];
+}
 
 // The tracked counters of `event` (0..90), now and before this roll, up to date in a run too.
 struct TrackedEvent {
@@ -26,7 +39,24 @@ struct TrackedEvent {
   std::int32_t RollsSince = 0;
   std::int32_t RollsSinceBefore = 0;
 };
-TrackedEvent Tracked(const Game& g, RollEvent event);
+inline TrackedEvent Tracked(const Game& g, RollEvent event) {
+  const EventMarks& events = g.TheLedger.Events;
+  if (events.Stage == RollStage::None) {
+    return {g.TrackedEventCount[event], g.TrackedEventCountBefore[event], g.TrackedRollBase[event],
+            g.TrackedRollBaseBefore[event]};
+  }
+  const EventMark& mark = events.Marks[event];
+  const std::int32_t now = g.RollCount();
+  const std::int32_t count = TrackedCount(g, event);
+  // The rolls-since counter of the event that is every roll is not used.
+  const std::int32_t rolls = event == EventEveryRoll ? g.TrackedRollBase[event] : now - mark.Tracked;
+  if (events.Stage == RollStage::Begun) return {count, count, rolls, rolls};
+  const bool isHit = event <= EventTrackedRolls || mark.Hit == now;
+  const std::int32_t rollsBefore = now - 1 - (mark.Hit == now ? mark.TrackedBefore : mark.Tracked);
+  // Reset in this very roll, both stand at 0.
+  return {count, std::max(count - (isHit ? 1 : 0), 0), rolls,
+          event == EventEveryRoll ? rolls : std::max(rollsBefore, 0)};
+}
 
 // One decision of chips on `bet`. `result` is the signed net, 0 records nothing; `wager` is the stake, to
 // which the vig is added when the decision charges it.

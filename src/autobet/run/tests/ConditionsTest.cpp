@@ -13,6 +13,13 @@ namespace {
 
 using namespace Compare;
 
+std::string Text(bool holds, bool isNew) {
+  return !holds ? "false" : isNew ? "new" : "old";
+}
+std::string Text(ConditionResult result) {
+  return Text(result != ConditionFalse, result == ConditionNew);
+}
+
 // "false", "old" (true, but not new), "new", or the error.
 std::string Judge(Game& g, const ScriptLine& line, std::int32_t startKind = KindWhen) {
   SetScript(g, {line});
@@ -20,13 +27,9 @@ std::string Judge(Game& g, const ScriptLine& line, std::int32_t startKind = Kind
   AutoBetRun run(g);
   run.blockKind = static_cast<std::int16_t>(startKind);
   g.CurrentLine = 1;
-  EvaluateConditionLine(run, g.ScriptProgram[0]);
-  if (!run.error.empty()) return run.error;
-  return !run.blockTrue ? "false" : run.lineOccurred ? "new" : "old";
-}
-
-std::string Text(bool holds, bool isNew) {
-  return !holds ? "false" : isNew ? "new" : "old";
+  RefreshBetSets(g);
+  const ConditionResult result = EvaluateCondition(run, g.ScriptProgram[0]);
+  return run.error.empty() ? Text(result) : run.error;
 }
 
 struct Comparison {
@@ -303,8 +306,7 @@ TEST(Events, OfTheRun) {
     DecodeScript(t.g);
     row.set(t.g);
     AutoBetRun run(t.g);
-    EvaluateConditionLine(run, t.g.ScriptProgram[0]);
-    EXPECT_EQ(Text(run.blockTrue, run.lineOccurred), row.result);
+    EXPECT_EQ(Text(EvaluateCondition(run, t.g.ScriptProgram[0])), row.result);
   }
 }
 
