@@ -76,6 +76,8 @@ While . . .
 end
     Do this . . .
           Bet $ 5 on Field
+          Bet $ 5 on Don't Come
+          Bet $ 10 on Pass Line Odds
 )";
 
 // One of the two games, with a sequence of accidents of its own.
