@@ -65,6 +65,10 @@ Verdict JudgeStanding(const AutoBetRun& run, const ScriptStep& step) {
                      {holds, item & ~holds, held, item & ~held, BitsOf<Bits>(run.g.BetsStanding)});
 }
 
+[[gnu::noinline]] Verdict JudgeStandingOfAll(const AutoBetRun& run, const ScriptStep& step) {
+  return JudgeStanding<SlotBits>(run, step);
+}
+
 // That a bet was decided is always new.
 template <class Bits>
 Verdict JudgeDecided(const Game& g, const ScriptStep& step) {
@@ -105,7 +109,7 @@ Verdict PointBetCondition(const Game& g, const ScriptStep& step) {
 }
 
 Verdict StandingCondition(const AutoBetRun& run, const ScriptStep& step) {
-  return IsInOneWord(step) ? JudgeStanding<std::uint64_t>(run, step) : JudgeStanding<SlotBits>(run, step);
+  return IsInOneWord(step) ? JudgeStanding<std::uint64_t>(run, step) : JudgeStandingOfAll(run, step);
 }
 
 Verdict DecidedCondition(AutoBetRun& run, const ScriptStep& step) {
