@@ -2,7 +2,6 @@
 
 #include <charconv>
 #include <cmath>
-#include <limits>
 
 namespace rollwick {
 
@@ -45,10 +44,6 @@ Money RoundedProduct(Money a, Money b) {
     quotient += exact < 0 ? -1 : 1;
   }
   return Clamp(quotient);
-}
-
-Money SaturatingSum(Money a, Money b) {
-  return Clamp(static_cast<Wide>(a.Units()) + b.Units());
 }
 
 Money FloorToChips(Money amount, Money chip) {

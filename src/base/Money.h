@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -72,7 +73,12 @@ inline Money Quotient(Money a, Money b) {
 }
 
 // a plus b, held at the ends of the range instead of wrapping.
-Money SaturatingSum(Money a, Money b);
+inline Money SaturatingSum(Money a, Money b) {
+  std::int64_t units = 0;
+  if (!__builtin_add_overflow(a.Units(), b.Units(), &units)) return Money::FromUnits(units);
+  return Money::FromUnits(a < Money() ? std::numeric_limits<std::int64_t>::min()
+                                      : std::numeric_limits<std::int64_t>::max());
+}
 
 // The largest whole dollar amount not above `money`.
 constexpr Money WholeDollarsBelow(Money money) {

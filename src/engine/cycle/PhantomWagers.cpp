@@ -35,43 +35,59 @@ void Price(Game& g, CellDecisions& cell, IsMeant isMeant) {
   cell.Count = 0;
   for (std::int32_t i = 0; i < calls.Count; ++i) {
     const auto [bet, result] = calls.Calls[static_cast<std::size_t>(i)];
-    if (!IsBet(bet) || !isMeant(bet)) continue;
+    if (result == 0 || !isMeant(bet)) continue;
     ComputePayoff(g, false, bet, result, Dollars(1));
     AddDecision(g, cell, bet, g.PayoffExact);
   }
   g.PayoffTable[0] = used;
 }
 
-template <class IsMeant>
-void Count(Game& g, int cell, IsMeant isMeant) {
-  CellDecisions& decisions = DecisionsOf(g, cell);
-  if (decisions.Count == kNotPriced) Price(g, decisions, isMeant);
-  if (decisions.Count > 0) CountRollIn(g, cell);
-}
-
 bool IsOnLine(BetId bet) {
   return !HasToTravel(bet);
+}
+
+// The first roll in a cell puts it on the list, and finds its decisions if they are not known.
+template <class IsMeant>
+void Start(Game& g, const ActionCells& action, int cell, IsMeant isMeant) {
+  TouchCell(g, action, cell);
+  CellDecisions& decisions = DecisionsOf(g, cell);
+  if (decisions.Count == kNotPriced) Price(g, decisions, isMeant);
+}
+
+[[gnu::cold]] void StartLine(Game& g, const ActionCells& action, int cell) {
+  Start(g, action, cell, IsOnLine);
+}
+
+[[gnu::cold]] void StartTravelled(Game& g, const ActionCells& action, int cell, int number, int presence) {
+  Start(g, action, cell,
+        [&](BetId bet) { return HasToTravel(bet) && NumberOf(bet) == number && IsThere(g, bet, presence); });
 }
 
 int LineCellOfDice(const Game& g) {
   return LineCell(g.PointBeforeRoll, g.Die1, g.Die2);
 }
 
-void CountTravelled(Game& g, int number, bool onSeven) {
+void CountOnLine(Game& g, ActionCells& action) {
+  const int cell = LineCellOfDice(g);
+  if (CountRollIn(g, action, cell)) StartLine(g, action, cell);
+}
+
+void CountTravelled(Game& g, ActionCells& action, int number, bool onSeven) {
   const int place = BoxPlace(number);
   const int presence = g.TheLedger.Phantoms.Presence[static_cast<std::size_t>(place)];
-  Count(g, TravelCell(place, presence, onSeven),
-        [&](BetId bet) { return HasToTravel(bet) && NumberOf(bet) == number && IsThere(g, bet, presence); });
+  const int cell = TravelCell(place, presence, onSeven);
+  if (CountRollIn(g, action, cell)) StartTravelled(g, action, cell, number, presence);
 }
 
 }  // namespace
 
 void CountPhantoms(Game& g) {
-  Count(g, LineCellOfDice(g), IsOnLine);
+  ActionCells& action = CellsInAction(g);
+  CountOnLine(g, action);
   if (g.DiceTotal == 7) {
-    for (const int number : kBoxNumbers) CountTravelled(g, number, true);
+    for (const int number : kBoxNumbers) CountTravelled(g, action, number, true);
   } else if (IsBoxNumber(g.DiceTotal)) {
-    CountTravelled(g, g.DiceTotal, false);
+    CountTravelled(g, action, g.DiceTotal, false);
   }
 }
 

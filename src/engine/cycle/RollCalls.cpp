@@ -137,8 +137,8 @@ class Dealer {
     if (number == 8) Win(Bet::Big8);
     if (number % 2 == 0) Hardway(Bet::Hard4 + (number - 4) / 2);
     Hop();
-    Add(TurnDontComeMove);
-    Add(TurnComeMove);
+    Add(Bet::DontCome);
+    Add(Bet::Come);
   }
 
   constexpr void LinesOnSeven() {

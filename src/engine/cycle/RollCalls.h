@@ -14,14 +14,12 @@ enum RollTurn : BetId {
   TurnPass = kBetCount + 1,
   TurnMiss,
   TurnBarPush,
-  TurnNatural,       // the come-out eleven's line of the log, behind the Don't Come bet's
-  TurnDontComeMove,  // from its box to the number
-  TurnComeMove,
+  TurnNatural,  // the come-out eleven's line of the log, behind the Don't Come bet's
 };
 
 struct RollCall {
   std::int8_t Id = 0;      // a bet or a RollTurn
-  std::int8_t Result = 0;  // Outcome of a bet
+  std::int8_t Result = 0;  // Outcome of a bet; 0 of a bet that moves from its box to the number
 };
 
 inline constexpr int kMostCalls = 96;

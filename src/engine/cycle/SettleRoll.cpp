@@ -37,23 +37,18 @@ constexpr BetSet kCounts = [] {
   return counts;
 }();
 
-// What may have its turn now: the counts, bets that stand, boxes with a bet to send on.
-BetSet WithATurn(const Game& g) {
-  BetSet turns = g.BetsStanding | kCounts;
-  turns.Set(TurnDontComeMove, g.BetsStanding.Has(Bet::DontCome));
-  turns.Set(TurnComeMove, g.BetsStanding.Has(Bet::Come));
-  return turns;
-}
+// Places of calls.
+using Places = IdSet<2>;
+static_assert(kMostCalls <= 128);
 
-// The first call from `from` on that concerns anybody; calls.Count when there is none. Asked anew after each
-// call, which may have put up or taken down bets.
-std::int32_t NextCall(const Game& g, const RollCalls& calls, std::int32_t from) {
-  std::int32_t next = calls.Count;
-  (WithATurn(g) & calls.Called).ForEach([&](BetId id) {
-    const std::int32_t place = calls.Place[static_cast<std::size_t>(id)];
-    if (place >= from && place < next) next = place;
+// The calls from place `from` on that concern anybody: the counts, and bets that stand.
+Places TurnsFrom(const RollCalls& calls, const BetSet& standing, int from) {
+  Places turns;
+  ((standing | kCounts) & calls.Called).ForEach([&](BetId id) {
+    const int place = calls.Place[static_cast<std::size_t>(id)];
+    if (place >= from) turns.Add(place);
   });
-  return next;
+  return turns;
 }
 
 void Announce(Game& g, Sound call) {
@@ -61,6 +56,7 @@ void Announce(Game& g, Sound call) {
 }
 
 void CarryOut(Game& g, const RollCall& call) {
+  if (call.Result != 0) return ResolveBet(g, call.Result, call.Id);
   switch (call.Id) {
     case TurnPass:
       Announce(g, Sound::Pass);
@@ -73,12 +69,10 @@ void CarryOut(Game& g, const RollCall& call) {
       return CountBarPush(g);
     case TurnNatural:
       return LogPoint(g, "      Pass (natural)");
-    case TurnDontComeMove:
+    case Bet::DontCome:
       return MoveComeBet(g, Bet::DontCome, DontComeOn(g.DiceTotal));
-    case TurnComeMove:
-      return MoveComeBet(g, Bet::Come, ComeOn(g.DiceTotal));
     default:
-      return ResolveBet(g, call.Result, call.Id);
+      return MoveComeBet(g, Bet::Come, ComeOn(g.DiceTotal));
   }
 }
 
@@ -86,10 +80,18 @@ void CarryOut(Game& g, const RollCall& call) {
 
 void SettleRoll(Game& g) {
   const RollCalls& calls = CallsOf(g.PointBeforeRoll, g.Die1, g.Die2, g.Rules.BarNumber);
-  for (std::int32_t place = NextCall(g, calls, 0); place < calls.Count;
-       place = NextCall(g, calls, place + 1)) {
-    CarryOut(g, calls.Calls[static_cast<std::size_t>(place)]);
-  }
+  int next = 0;
+  BetSet standing;
+  do {
+    standing = g.BetsStanding;
+    Places turns = TurnsFrom(calls, standing, next);
+    // A call may put up or take down bets whose turn is still to come.
+    while (!turns.IsEmpty() && g.BetsStanding == standing) {
+      const int place = turns.TakeLowest();
+      CarryOut(g, calls.Calls[static_cast<std::size_t>(place)]);
+      next = place + 1;
+    }
+  } while (g.BetsStanding != standing);
 }
 
 void StopAutoRollOnTotal(Game& g) {

@@ -93,7 +93,12 @@ constexpr bool IsBoxNumber(int total) {
 // The box numbers in table order, and the place 0..5 of a box number among them.
 inline constexpr int kBoxNumbers[6] = {4, 5, 6, 8, 9, 10};
 constexpr int BoxPlace(int number) {
-  return number - 4 - number / 7;
+  return number < 7 ? number - 4 : number - 5;
+}
+
+// The place of a line point in tables: 0 of the come-out, then the six numbers.
+constexpr int PointPlace(int point) {
+  return point == 0 ? 0 : 1 + BoxPlace(point);
 }
 
 // The number of a bet 1..42; the six numbers repeat group by group.

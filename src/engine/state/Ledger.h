@@ -15,19 +15,21 @@ namespace rollwick {
 // The roll that is going on, as far as the counters have come with it.
 enum class RollStage : std::int32_t { None, Begun, Counted };
 
-// An event by roll numbers, from which its rolls-since counters follow. A number can lie before the first
-// roll, as a game from a file may have it.
-struct EventMark {
-  std::int32_t Hit = 0;            // when it came last
-  std::int32_t Tracked = 0;        // the same, or when a script reset it
-  std::int32_t TrackedBefore = 0;  // Tracked as it stood before the last hit
-  std::int32_t Count = 0;
+// Where the tracked counters of an event start: when the run began, or when a script reset them.
+struct TrackedStart {
+  std::int32_t Roll = 0;    // from which its rolls-since counter runs until the event comes again
+  std::int32_t Count = 0;   // of the event
+  std::int32_t Offset = 0;  // from the event's count to its tracked count
 };
 
+// The events by roll numbers, from which their rolls-since counters follow. A number can lie before the first
+// roll, as a game from a file may have it.
 struct EventMarks {
-  RollStage Stage = RollStage::None;  // None: the tables hold everything
-  std::array<EventMark, kRollEventCount> Marks{};
-  std::array<std::int32_t, kRollEventCount> TrackedOffset{};  // from an event's count to its tracked count
+  RollStage Stage = RollStage::None;                      // None: the tables hold everything
+  std::array<std::int32_t, kRollEventCount> Hit{};        // when it came last
+  std::array<std::int32_t, kRollEventCount> HitBefore{};  // and before that
+  std::array<std::int32_t, kRollEventCount> Count{};
+  std::array<TrackedStart, kRollEventCount> TrackedStarts{};
 };
 
 // ---- Phantom wagers. Which bets a roll decides, and at what price, depends on the line point, the dice, the

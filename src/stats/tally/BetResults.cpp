@@ -14,32 +14,15 @@ void AddDecision(BetStatRow& row, Money amount) {
   row[LastRollCount] = Dollars(1);
 }
 
-// A bet's run of results as it stood before the roll. Only bets decided in the last roll differ, but in a
-// game from a file any may.
-void KeepStreaks(Game& g) {
-  if (g.TheLedger.Events.Stage == RollStage::None) {
-    for (auto& [before, now] : g.BetStreak) before = now;
-    return;
-  }
-  for (int i = 0; i < g.DecidedCount; ++i) {
-    auto& [before, now] = g.BetStreak[static_cast<std::size_t>(g.DecidedBets[i] >> 1 & 127)];
-    before = now;
-  }
-}
-
-void ClearRollResult(BetStatRow& row) {
-  row[LastRollCount] = row[LastRollAmount] = Money();
+// A bet's run of results as it stood before the roll.
+void KeepStreak(StatisticsTables& g, std::size_t bet) {
+  auto& [before, now] = g.BetStreak[bet];
+  before = now;
 }
 
 // The results of the last roll stand only in the rows of the bets it decided.
-void ClearRollResults(StatisticsTables& g) {
-  for (int i = 0; i < g.DecidedCount; ++i) {
-    const auto decided = static_cast<std::uint32_t>(g.DecidedBets[i]);
-    const std::uint32_t kind = decided >> 8, bet = decided >> 1 & 127;
-    ClearRollResult(g.BetWagers[kind][bet]);
-    ClearRollResult(((decided & 1) != 0 ? g.BetLosses : g.BetWins)[kind][bet]);
-  }
-  g.DecidedCount = 0;
+void ClearRollResult(BetStatRow& row) {
+  row[LastRollCount] = row[LastRollAmount] = Money();
 }
 
 void AddRow(BetStatRow& sum, const BetStatRow& row) {
@@ -48,11 +31,11 @@ void AddRow(BetStatRow& sum, const BetStatRow& row) {
 
 }  // namespace
 
-Money VigOnDecision(const Game& g, BetStatKind kind, BetId bet, Money result) {
-  const bool won = result > Money(), isReal = kind == ActualWagers;
-  if (IsLay(bet) && (won || g.Rules.LayVigOnAll)) return isReal ? g.LayVigAmount[bet] : PhantomLayVig(g, bet);
-  if (IsBuy(bet) && (won || g.Rules.BuyVigOnAll)) return isReal ? g.BuyVigAmount[bet] : g.Rules.BuyVigPct;
-  return {};
+Money VigOnLayOrBuy(const Game& g, BetStatKind kind, BetId bet, Money result) {
+  const bool isReal = kind == ActualWagers;
+  if (result <= Money() && !(IsLay(bet) ? g.Rules.LayVigOnAll : g.Rules.BuyVigOnAll)) return {};
+  if (IsLay(bet)) return isReal ? g.LayVigAmount[bet] : PhantomLayVig(g, bet);
+  return isReal ? g.BuyVigAmount[bet] : g.Rules.BuyVigPct;
 }
 
 void MarkDecided(StatisticsTables& g, BetStatKind kind, BetId bet, bool won) {
@@ -69,8 +52,18 @@ void RecordBetDecision(Game& g, BetId bet, Money wager, Money result) {
 }
 
 void StartRollResults(Game& g) {
-  KeepStreaks(g);
-  ClearRollResults(g);
+  // Only streaks of bets decided in the last roll differ, but in a game from a file any may.
+  if (g.TheLedger.Events.Stage == RollStage::None) {
+    for (BetId bet = 0; bet < kBetRowCount; ++bet) KeepStreak(g, static_cast<std::size_t>(bet));
+  }
+  for (std::int32_t i = 0; i < g.DecidedCount; ++i) {
+    const auto decided = static_cast<std::uint32_t>(g.DecidedBets[i]);
+    const std::uint32_t kind = decided >> 8, bet = decided >> 1 & 127;
+    KeepStreak(g, bet);
+    ClearRollResult(g.BetWagers[kind][bet]);
+    ClearRollResult(((decided & 1) != 0 ? g.BetLosses : g.BetWins)[kind][bet]);
+  }
+  g.DecidedCount = 0;
   MovePhantoms(g);
 }
 

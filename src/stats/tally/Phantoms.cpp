@@ -68,30 +68,6 @@ void TakeOnRules(Game& g) {
   ++g.TheLedger.RulesNumber;
 }
 
-// The cells of the bets now in action.
-ActionCells& CellsInAction(Game& g) {
-  PhantomLedger& phantoms = g.TheLedger.Phantoms;
-  auto& actions = phantoms.Actions;
-  const auto begin = actions.begin(), end = begin + phantoms.ActionCount;
-  if (phantoms.Current < phantoms.ActionCount) {
-    ActionCells& current = actions[static_cast<std::size_t>(phantoms.Current)];
-    if (current.InAction == g.BetsInAction) return current;
-  }
-  auto found =
-      std::find_if(begin, end, [&](const ActionCells& cells) { return cells.InAction == g.BetsInAction; });
-  if (found == actions.end()) {
-    BringUpToDate(g);
-    phantoms.ActionCount = 0;
-    found = begin;
-  }
-  phantoms.Current = static_cast<std::int32_t>(found - begin);
-  if (phantoms.Current == phantoms.ActionCount) {
-    ++phantoms.ActionCount;
-    found->InAction = g.BetsInAction;
-  }
-  return *found;
-}
-
 // Enters `count` equal decisions. `isOfThisRoll`: the latest of them belongs to the roll that is going on.
 void Enter(BetStatRow& row, Money amount, const PhantomPrice& price, bool isOfThisRoll) {
   row[TotalCount] += Dollars(price.Count);
@@ -159,10 +135,6 @@ void EnterPhantoms(Game& g) {
   }
 }
 
-constexpr int PointPlace(int point) {
-  return point == 0 ? 0 : 1 + BoxPlace(point);
-}
-
 }  // namespace
 
 Money PhantomLayVig(const Game& g, BetId bet) {
@@ -191,14 +163,6 @@ void MovePhantoms(Game& g) {
   }
 }
 
-int LineCell(int point, int die1, int die2) {
-  return (PointPlace(point) * kFaces + die1 - 1) * kFaces + die2 - 1;
-}
-
-int TravelCell(int place, int presence, bool onSeven) {
-  return kLineCells + (place * kPresences + presence) * 2 + (onSeven ? 1 : 0);
-}
-
 CellDecisions& DecisionsOf(Game& g, int cell) {
   return g.TheLedger.Phantoms.Decisions[static_cast<std::size_t>(cell)];
 }
@@ -220,14 +184,29 @@ void AddDecision(Game& g, CellDecisions& cell, BetId bet, Money result) {
   cell.Prices[static_cast<std::size_t>(cell.Count++)] = place;
 }
 
-void CountRollIn(Game& g, int cell) {
+ActionCells& CellsOfOtherAction(Game& g) {
   PhantomLedger& phantoms = g.TheLedger.Phantoms;
-  RollCell& rolls = CellsInAction(g).Cells[static_cast<std::size_t>(cell)];
-  if (rolls.Count++ == 0) {
-    phantoms.Touched[static_cast<std::size_t>(phantoms.TouchedCount++)] =
-        phantoms.Current * kCellCount + cell;
+  auto& actions = phantoms.Actions;
+  const auto begin = actions.begin();
+  auto found = std::find_if(begin, begin + phantoms.ActionCount,
+                            [&](const ActionCells& cells) { return cells.InAction == g.BetsInAction; });
+  if (found == actions.end()) {
+    BringUpToDate(g);
+    phantoms.ActionCount = 0;
+    found = begin;
   }
-  rolls.LastRoll = g.RollCount();
+  phantoms.Current = static_cast<std::int32_t>(found - begin);
+  if (phantoms.Current == phantoms.ActionCount) {
+    ++phantoms.ActionCount;
+    found->InAction = g.BetsInAction;
+  }
+  return *found;
+}
+
+void TouchCell(Game& g, const ActionCells& action, int cell) {
+  PhantomLedger& phantoms = g.TheLedger.Phantoms;
+  const auto place = static_cast<std::int32_t>(&action - phantoms.Actions.data());
+  phantoms.Touched[static_cast<std::size_t>(phantoms.TouchedCount++)] = place * kCellCount + cell;
 }
 
 }  // namespace rollwick

@@ -1,6 +1,7 @@
 // Which events a roll is, and their counters: marks by roll number while a run lasts, entered in the tables
 // before they are read.
 #include <algorithm>
+#include <span>
 
 #include "stats/tally/Tally.h"
 
@@ -47,11 +48,11 @@ constexpr RollEvent kGroups[15][7] = {
 
 // Every event of two dice, each once.
 struct EventsOfDice {
-  std::int32_t count = 0;
-  std::array<RollEvent, 16> events{};
+  std::uint32_t count = 0;
+  std::array<std::uint8_t, 12> events{};
 
   constexpr void Add(RollEvent event) {
-    if (event != 0) events[static_cast<std::size_t>(count++)] = event;
+    if (event != 0) events[count++] = static_cast<std::uint8_t>(event);
   }
 };
 
@@ -78,16 +79,32 @@ constexpr auto kEventsOf = [] {
   return events;
 }();
 
-void TallyEvent(StatisticsTables& g, EventMark& mark, RollEvent event, std::int32_t now) {
-  const std::int32_t gap = now - mark.Hit;
+void TallyEvent(Game& g, std::size_t event, std::int32_t now) {
+  EventMarks& marks = g.TheLedger.Events;
+  const std::int32_t hit = marks.Hit[event];
+  const std::size_t gap = static_cast<std::uint32_t>(now - hit);
   auto& histogram = g.RollGapHistogram[event];
-  if (gap >= kGapCount - 1) {
-    ++histogram[kGapCount - 1];
-    histogram[0] += gap;
-  } else {
+  if (gap < kGapCount - 1) {
     ++histogram[gap];
+  } else {
+    ++histogram[kGapCount - 1];
+    histogram[0] += now - hit;
   }
-  mark = {now, now, mark.Tracked, mark.Count + 1};
+  marks.Hit[event] = now;
+  marks.HitBefore[event] = hit;
+  ++marks.Count[event];
+}
+
+// Events 0 and 1 are tracked on every roll.
+std::int32_t TrackedCount(const Game& g, RollEvent event) {
+  const EventMarks& events = g.TheLedger.Events;
+  return (event <= EventTrackedRolls ? g.RollCount() : events.Count[event]) +
+         events.TrackedStarts[event].Offset;
+}
+
+// The last tracked hit when the event had come `count` times, the last time at `hit`.
+std::int32_t TrackedHit(const TrackedStart& start, std::int32_t count, std::int32_t hit) {
+  return count <= start.Count ? start.Roll : hit;
 }
 
 }  // namespace
@@ -97,10 +114,11 @@ void StartEventMarks(Game& g) {
   const std::int32_t now = g.RollCount();
   events.Stage = RollStage::None;
   for (RollEvent event = 0; event < kRollEventCount; ++event) {
-    const std::int32_t tracked = now - g.TrackedRollBase[event];
-    events.Marks[event] = {now - g.RollsSinceEvent[event], tracked, tracked, g.RollEventCount[event]};
-    events.TrackedOffset[event] = 0;
-    events.TrackedOffset[event] = g.TrackedEventCount[event] - TrackedCount(g, event);
+    const std::int32_t hit = now - g.RollsSinceEvent[event], count = g.RollEventCount[event];
+    events.Hit[event] = events.HitBefore[event] = hit;
+    events.Count[event] = count;
+    events.TrackedStarts[event] = {now - g.TrackedRollBase[event], count, 0};
+    events.TrackedStarts[event].Offset = g.TrackedEventCount[event] - TrackedCount(g, event);
   }
 }
 
@@ -110,11 +128,36 @@ void TallyRoll(Game& g) {
   ++g.HandStats[HandRolls];
   if (g.PointBeforeRoll == 0) ++g.HandStats[ComeOutRolls];
   const EventsOfDice& dice = kEventsOf[static_cast<std::size_t>(g.Die1)][static_cast<std::size_t>(g.Die2)];
-  for (std::int32_t i = 0; i < dice.count; ++i) {
-    const RollEvent event = dice.events[static_cast<std::size_t>(i)];
-    TallyEvent(g, events.Marks[event], event, now);
-  }
+  for (const std::uint8_t event : std::span(dice.events).first(dice.count)) TallyEvent(g, event, now);
   events.Stage = RollStage::Counted;
+}
+
+std::int32_t RollsSince(const Game& g, RollEvent event) {
+  const EventMarks& events = g.TheLedger.Events;
+  const bool isMarked = events.Stage != RollStage::None && event != EventEveryRoll;
+  return isMarked ? g.RollCount() - events.Hit[event] : g.RollsSinceEvent[event];
+}
+
+TrackedEvent Tracked(const Game& g, RollEvent event) {
+  const EventMarks& events = g.TheLedger.Events;
+  if (events.Stage == RollStage::None) {
+    return {g.TrackedEventCount[event], g.TrackedEventCountBefore[event], g.TrackedRollBase[event],
+            g.TrackedRollBaseBefore[event]};
+  }
+  const TrackedStart& start = events.TrackedStarts[event];
+  const std::int32_t now = g.RollCount();
+  const std::int32_t count = TrackedCount(g, event);
+  const std::int32_t last = TrackedHit(start, events.Count[event], events.Hit[event]);
+  // The rolls-since counter of the event that is every roll is not used.
+  const std::int32_t rolls = event == EventEveryRoll ? g.TrackedRollBase[event] : now - last;
+  if (events.Stage == RollStage::Begun) return {count, count, rolls, rolls};
+  const bool isHit = event <= EventTrackedRolls || events.Hit[event] == now;
+  const std::int32_t lastBefore =
+      events.Hit[event] == now ? TrackedHit(start, events.Count[event] - 1, events.HitBefore[event]) : last;
+  const std::int32_t rollsBefore = now - 1 - lastBefore;
+  // Reset in this very roll, both stand at 0.
+  return {count, std::max(count - (isHit ? 1 : 0), 0), rolls,
+          event == EventEveryRoll ? rolls : std::max(rollsBefore, 0)};
 }
 
 void EnterEvents(Game& g) {
@@ -127,7 +170,7 @@ void EnterEvents(Game& g) {
     g.TrackedRollBase[event] = tracked.RollsSince;
     g.TrackedRollBaseBefore[event] = tracked.RollsSinceBefore;
     g.RollsSinceEvent[event] = RollsSince(g, event);
-    if (event != EventEveryRoll) g.RollEventCount[event] = events.Marks[event].Count;
+    if (event != EventEveryRoll) g.RollEventCount[event] = events.Count[event];
   }
 }
 
@@ -137,9 +180,8 @@ void CountPrevRolls(Game& g) {
 
 void ResetTrackedEvent(Game& g, RollEvent event) {
   EventMarks& events = g.TheLedger.Events;
-  EventMark& mark = events.Marks[event];
-  mark.Tracked = mark.TrackedBefore = g.RollCount();
-  events.TrackedOffset[event] = -mark.Count;
+  const std::int32_t count = events.Count[event];
+  events.TrackedStarts[event] = {g.RollCount(), count, -count};
   g.TrackedEventCount[event] = g.TrackedEventCountBefore[event] = 0;
   g.TrackedRollBase[event] = g.TrackedRollBaseBefore[event] = 0;
 }

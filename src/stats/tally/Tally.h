@@ -1,8 +1,6 @@
 // Counters of rolls, bets, hands and the bankroll: every update is an increment or a copy.
 #pragma once
 
-#include <algorithm>
-
 #include "engine/state/Game.h"
 
 namespace rollwick {
@@ -19,18 +17,7 @@ void BringUpToDate(Game& g);
 void TallyRoll(Game& g);
 
 // RollsSinceEvent of `event` (0..90), up to date in a run too.
-inline std::int32_t RollsSince(const Game& g, RollEvent event) {
-  const EventMarks& events = g.TheLedger.Events;
-  const bool isMarked = events.Stage != RollStage::None && event != EventEveryRoll;
-  return isMarked ? g.RollCount() - events.Marks[event].Hit : g.RollsSinceEvent[event];
-}
-
-// Events 0 and 1 are tracked on every roll.
-inline std::int32_t TrackedCount(const Game& g, RollEvent event) {
-  const EventMarks& events = g.TheLedger.Events;
-  return (event <= EventTrackedRolls ? g.RollCount() : events.Marks[event].Count) +
-         events.TrackedOffset[event];
-}
+std::int32_t RollsSince(const Game& g, RollEvent event);
 
 // The tracked counters of `event` (0..90), now and before this roll, up to date in a run too.
 struct TrackedEvent {
@@ -39,24 +26,7 @@ struct TrackedEvent {
   std::int32_t RollsSince = 0;
   std::int32_t RollsSinceBefore = 0;
 };
-inline TrackedEvent Tracked(const Game& g, RollEvent event) {
-  const EventMarks& events = g.TheLedger.Events;
-  if (events.Stage == RollStage::None) {
-    return {g.TrackedEventCount[event], g.TrackedEventCountBefore[event], g.TrackedRollBase[event],
-            g.TrackedRollBaseBefore[event]};
-  }
-  const EventMark& mark = events.Marks[event];
-  const std::int32_t now = g.RollCount();
-  const std::int32_t count = TrackedCount(g, event);
-  // The rolls-since counter of the event that is every roll is not used.
-  const std::int32_t rolls = event == EventEveryRoll ? g.TrackedRollBase[event] : now - mark.Tracked;
-  if (events.Stage == RollStage::Begun) return {count, count, rolls, rolls};
-  const bool isHit = event <= EventTrackedRolls || mark.Hit == now;
-  const std::int32_t rollsBefore = now - 1 - (mark.Hit == now ? mark.TrackedBefore : mark.Tracked);
-  // Reset in this very roll, both stand at 0.
-  return {count, std::max(count - (isHit ? 1 : 0), 0), rolls,
-          event == EventEveryRoll ? rolls : std::max(rollsBefore, 0)};
-}
+TrackedEvent Tracked(const Game& g, RollEvent event);
 
 // One decision of chips on `bet`. `result` is the signed net, 0 records nothing; `wager` is the stake, to
 // which the vig is added when the decision charges it.
@@ -68,7 +38,10 @@ void MarkDecided(StatisticsTables& g, BetStatKind kind, BetId bet, bool won);
 
 // The vig that a decision of this kind costs: of Lay and Buy bets, on wins, or on all where the house charges
 // it so. The phantom dollar's is unrounded.
-Money VigOnDecision(const Game& g, BetStatKind kind, BetId bet, Money result);
+Money VigOnLayOrBuy(const Game& g, BetStatKind kind, BetId bet, Money result);
+inline Money VigOnDecision(const Game& g, BetStatKind kind, BetId bet, Money result) {
+  return IsLay(bet) || IsBuy(bet) ? VigOnLayOrBuy(g, kind, bet, result) : Money();
+}
 
 // The vig on a phantom Lay bet of one dollar: of what it would win, unrounded.
 Money PhantomLayVig(const Game& g, BetId bet);
@@ -106,17 +79,36 @@ void ResetTrackedEvent(Game& g, RollEvent event);
 // ---- The phantom wagers in the ledger.
 
 // The cell of a throw with this line point (0 on the come-out) and these faces (1..7).
-int LineCell(int point, int die1, int die2);
+constexpr int LineCell(int point, int die1, int die2) {
+  return (PointPlace(point) * kFaces + die1 - 1) * kFaces + die2 - 1;
+}
 // The cell of the phantom Come and Don't Come bets of the number in place 0..5, of which `presence` tells as
 // the ledger does which are there, when the number or a seven is rolled.
-int TravelCell(int place, int presence, bool onSeven);
+constexpr int TravelCell(int place, int presence, bool onSeven) {
+  return kLineCells + (place * kPresences + presence) * 2 + (onSeven ? 1 : 0);
+}
 // Where the decisions of a cell are to be written when they are not known yet; they are kept until rules
 // change.
 CellDecisions& DecisionsOf(Game& g, int cell);
 // Adds the decision of a phantom dollar on `bet` by `result` (0 adds none) to a cell's.
 void AddDecision(Game& g, CellDecisions& cell, BetId bet, Money result);
-// Counts this roll under the cell.
-void CountRollIn(Game& g, int cell);
+// The cells of the bets now in action; of other bets than at the last roll.
+ActionCells& CellsOfOtherAction(Game& g);
+inline ActionCells& CellsInAction(Game& g) {
+  PhantomLedger& phantoms = g.TheLedger.Phantoms;
+  ActionCells& current = phantoms.Actions[static_cast<std::size_t>(phantoms.Current)];
+  return phantoms.Current < phantoms.ActionCount && current.InAction == g.BetsInAction
+             ? current
+             : CellsOfOtherAction(g);
+}
+// Counts this roll under the cell. True when it is the first one there: then the cell is to be touched.
+inline bool CountRollIn(const Game& g, ActionCells& action, int cell) {
+  RollCell& rolls = action.Cells[static_cast<std::size_t>(cell)];
+  rolls.LastRoll = g.RollCount();
+  return ++rolls.Count == 1;
+}
+// Puts a cell on the list of those with rolls in them.
+void TouchCell(Game& g, const ActionCells& action, int cell);
 // Used by the procedures above.
 void StartEventMarks(Game& g);
 void EnterEvents(Game& g);

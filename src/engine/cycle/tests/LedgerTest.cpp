@@ -132,7 +132,7 @@ class Paper {
     const RollCalls& calls = CallsOf(after.PointBeforeRoll, after.Die1, after.Die2, after.Rules.BarNumber);
     for (std::int32_t i = 0; i < calls.Count; ++i) {
       const auto [bet, result] = calls.Calls[static_cast<std::size_t>(i)];
-      if (!IsBet(bet) || before.BetWorking[bet] < On || !IsThere(after, bet)) continue;
+      if (result == 0 || before.BetWorking[bet] < On || !IsThere(after, bet)) continue;
       ComputePayoff(after, false, bet, result, Dollars(1));
       Decide(after, bet, after.PayoffExact);
     }

@@ -207,7 +207,8 @@ struct Phantoms {
     ++g.RollCount();
     g.TheLedger.Events.Stage = RollStage::Counted;
     g.BetsInAction.Set(bet);
-    CountRollIn(g, 0);
+    ActionCells& action = CellsInAction(g);
+    if (CountRollIn(g, action, 0)) TouchCell(g, action, 0);
     BringUpToDate(g);
   }
 };
