@@ -123,7 +123,8 @@ bool RepairGame(Game& g) {
   g.DiceTotal = g.Die1 + g.Die2;
   g.RollsSinceEvent[EventEveryRoll] = g.RollCount();
   SetLineOddsPayoffs(g);
-  g.BetWorkingAfterSettle = g.BetWorking;
+  RefreshBetSets(g);
+  KeepWorkingAfterSettle(g);
   g.LoggedAutoBetName.clear();
   g.LoggedAutoBetEnabled = 0;
   g.LongestLosingRun = g.LongestLosingBet = 0;

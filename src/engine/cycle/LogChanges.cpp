@@ -58,9 +58,15 @@ void LogStandingBet(Game& g, BetId bet) {
   }
 }
 
+// The button on a bet at the end of the last roll; Off for none.
+std::int32_t ButtonBefore(const Game& g, BetId bet) {
+  if (!g.CalledAfterSettle.Has(bet)) return Off;
+  return g.InActionAfterSettle.Has(bet) ? CalledOn : CalledOff;
+}
+
 void LogButton(Game& g, BetId bet) {
   const std::int32_t now = g.BetWorking[bet];
-  const std::int32_t before = g.BetWorkingAfterSettle[bet];
+  const std::int32_t before = ButtonBefore(g, bet);
   const bool freshBet = g.BetAtThrow[bet] == Money() || LostLastRoll(g, bet);
   if (!freshBet && now == before) return;
   if (now == CalledOff) return LogBet(g, bet, "called OFF");

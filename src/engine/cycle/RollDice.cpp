@@ -122,7 +122,7 @@ void TakeEndSnapshots(Game& g) {
   g.ChangedSinceEnd = {};
   g.BetsAtEnd = g.BetsStanding;
   assert(g.BetAfterSettle == g.BetAmount);
-  g.BetWorkingAfterSettle = g.BetWorking;
+  KeepWorkingAfterSettle(g);
   for (FlagEntry& flag : g.ScriptFlags) flag.PrevValue = flag.Value;
   g.LoggedAutoBetEnabled = g.AutoBetsActive;
   if (g.LoggedAutoBetName != g.ScriptFileName) g.LoggedAutoBetName = g.ScriptFileName;

@@ -22,8 +22,9 @@ void ClearTable(Game& g, bool keepChipStacks) {
   g.BuyVigAmount.fill(Money());
   g.LayVigAmount.fill(Money());
   g.TotalBets = Money();
-  g.BetWorking = g.BetWorkingAfterSettle = g.BetWorkingDefault;
+  g.BetWorking = g.BetWorkingDefault;
   RefreshBetSets(g);
+  KeepWorkingAfterSettle(g);
   for (FlagEntry& flag : g.ScriptFlags) flag.Value = flag.PrevValue = 0;
   g.LoggedAutoBetName.clear();
   g.LoggedAutoBetEnabled = 0;

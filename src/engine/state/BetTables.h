@@ -87,7 +87,6 @@ struct BetTables {
 
   std::array<std::int32_t, kBetCount + 1> BetWorking{};         // Working
   std::array<std::int32_t, kBetCount + 1> BetWorkingDefault{};  // 0 or 1: works on the come-out
-  std::array<std::int32_t, kBetCount + 1> BetWorkingAfterSettle{};
 
   // They follow from the tables above: bets with chips on them, bets in action, bets with a button, bets that
   // work on the come-out.
@@ -97,6 +96,9 @@ struct BetTables {
   BetSet BetsOnByDefault;
   BetSet BetsAtThrow;  // with chips on them in BetAtThrow
   BetSet BetsAtEnd;    // the same in BetAfterSettle
+  // Bets in action and bets with a button as they stood at the end of the last roll.
+  BetSet InActionAfterSettle;
+  BetSet CalledAfterSettle;
   // Slots whose amount or contract may differ from what was kept at the throw and at the end of the roll.
   SlotSet ChangedSinceThrow;
   SlotSet ChangedSinceEnd;

@@ -141,7 +141,7 @@ void SetStartUpDefaults(Game& g) {
   g.BetWorking.fill(On);
   g.BetWorking[0] = Off;
   SetDefaultWorking(g);
-  g.BetWorkingAfterSettle = g.BetWorking;
+  KeepWorkingAfterSettle(g);
 }
 
 }  // namespace rollwick

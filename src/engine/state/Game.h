@@ -115,6 +115,12 @@ inline void SetBetWorking(BetTables& g, BetId bet, std::int32_t working) {
   g.BetsCalled.Set(bet, working == CalledOn || working == CalledOff);
 }
 
+// Which bets are in action and which have a button, as the sets tell now, kept as of the end of a roll.
+inline void KeepWorkingAfterSettle(BetTables& g) {
+  g.InActionAfterSettle = g.BetsInAction;
+  g.CalledAfterSettle = g.BetsCalled;
+}
+
 // Works out the sets of bets after their tables were written whole.
 void RefreshBetSets(Game& g);
 

@@ -136,7 +136,8 @@ TEST(NewGame, ClearsTheTable) {
       EXPECT_EQ(g.BetAtThrow[bet], Money()) << bet;
       EXPECT_EQ(g.BetAfterSettle[bet], Money()) << bet;
       EXPECT_EQ(g.BetWorking[bet], workingDefault[bet]) << BetName(bet);
-      EXPECT_EQ(g.BetWorkingAfterSettle[bet], workingDefault[bet]) << BetName(bet);
+      EXPECT_EQ(g.InActionAfterSettle.Has(bet), workingDefault[bet] == On) << BetName(bet);
+      EXPECT_FALSE(g.CalledAfterSettle.Has(bet)) << BetName(bet);
     }
     for (const Money contract : g.BetContract) EXPECT_EQ(contract, Money());
     for (const Money vig : g.LayVigAmount) EXPECT_EQ(vig, Money());
