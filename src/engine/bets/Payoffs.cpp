@@ -1,27 +1,35 @@
 #include "engine/bets/Payoffs.h"
 
+#include <array>
+
 #include "stats/tally/Tally.h"
 
 namespace rollwick {
 
 namespace {
 
-// The row that pays the line bets: the Come and Don't Come boxes on the come-out, the numbers with a point
-// on.
-BetId PayingRow(const Game& g, BetId bet) {
-  const int point = g.PointBeforeRoll;
-  switch (bet) {
-    case Bet::PassLine:
-      return point == 0 ? static_cast<BetId>(Bet::Come) : ComeOn(point);
-    case Bet::DontPass:
-      return point == 0 ? static_cast<BetId>(Bet::DontCome) : DontComeOn(point);
-    case Bet::PassLineOdds:
-      return point == 0 ? bet : ComeOddsOn(point);
-    case Bet::DontPassOdds:
-      return point == 0 ? bet : DontComeOddsOn(point);
-    default:
-      return bet;
+// The row that pays a bet that wins, by the place of the line point. The line bets are paid by the Come and
+// Don't Come boxes on the come-out, by the numbers with a point on.
+constexpr auto kPayingRows = [] {
+  std::array<std::array<std::int8_t, kBetCount + 1>, kPointPlaces> rows{};
+  for (BetId bet = 0; bet <= kBetCount; ++bet) {
+    for (auto& row : rows) row[static_cast<std::size_t>(bet)] = static_cast<std::int8_t>(bet);
   }
+  rows[0][Bet::PassLine] = Bet::Come;
+  rows[0][Bet::DontPass] = Bet::DontCome;
+  for (const int point : kBoxNumbers) {
+    auto& row = rows[static_cast<std::size_t>(PointPlace(point))];
+    row[Bet::PassLine] = static_cast<std::int8_t>(ComeOn(point));
+    row[Bet::DontPass] = static_cast<std::int8_t>(DontComeOn(point));
+    row[Bet::PassLineOdds] = static_cast<std::int8_t>(ComeOddsOn(point));
+    row[Bet::DontPassOdds] = static_cast<std::int8_t>(DontComeOddsOn(point));
+  }
+  return rows;
+}();
+
+const PayoffRow& PayingRow(const Game& g, BetId bet) {
+  const auto& rows = kPayingRows[static_cast<std::size_t>(PointPlace(g.PointBeforeRoll))];
+  return g.PayoffTable[static_cast<std::size_t>(rows[static_cast<std::size_t>(bet)])];
 }
 
 struct Split {
@@ -61,6 +69,7 @@ Money SplitPays(Money stake, int ways, const PayoffRow& row) {
 }
 
 Money ToWholeChips(Money exact, Money chip) {
+  if (chip == Dollars(1)) return WholeDollarsBelow(exact);
   return Product(WholeDollarsBelow(Quotient(exact, chip)), chip);
 }
 
@@ -92,18 +101,20 @@ Money SumOf(const auto& vigs) {
 
 void ComputePayoff(Game& g, bool useRealVig, BetId bet, int outcome, Money stake) {
   PayoffRow& used = g.PayoffTable[0];
-  const PayoffRow& own = g.PayoffTable[bet];
-  const bool wins = outcome > 0;
-  const Split split = wins ? WinningSplit(bet, g.DiceTotal) : Split{0, bet};
   if (bet == Bet::Field) {
     // The Field is always called as a win; a Ratio of -1 makes the combination a losing one.
     used = g.FieldPayoffTable[FieldIndex(g.Die1, g.Die2)];
-  } else if (wins) {
-    used = g.PayoffTable[split.ways > 0 ? split.pays : PayingRow(g, bet)];
+    g.PayoffExact = Pays(stake, used);
+  } else if (outcome < 0) {
+    used = {Dollars(-1), g.PayoffTable[bet].IsToForm, Dollars(1)};
+    g.PayoffExact = -stake;
+  } else if (const Split split = WinningSplit(bet, g.DiceTotal); split.ways > 0) {
+    used = g.PayoffTable[split.pays];
+    g.PayoffExact = SplitPays(stake, split.ways, used);
   } else {
-    used = {Dollars(-1), own.IsToForm, Dollars(1)};
+    used = PayingRow(g, bet);
+    g.PayoffExact = Pays(stake, used);
   }
-  g.PayoffExact = split.ways > 0 ? SplitPays(stake, split.ways, used) : Pays(stake, used);
   g.PayoffExact -= VigOnDecision(g, useRealVig ? ActualWagers : PhantomWagers, bet, g.PayoffExact);
   g.PayoffNet = ToWholeChips(g.PayoffExact, LowestChip(g));
 }

@@ -1,5 +1,6 @@
 // A bet is decided: what it wins or loses moves the bankroll, the counters and the log, and is then settled.
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 
 #include "engine/bets/Payoffs.h"
@@ -21,15 +22,42 @@ void LogDecision(Game& g, BetId bet) {
   }
 }
 
-// Whether a decided bet leaves the table whatever the player chooses.
+// What takes a decided bet off the table whatever the player chooses.
+enum class Leaves : std::uint8_t { Never, Always, OnSeven, WithoutPutBets, WithFlat };
+
+constexpr auto kLeaves = [] {
+  std::array<Leaves, kBetCount + 1> leaves{};
+  const auto set = [&](BetId first, BetId last, Leaves when) {
+    for (BetId bet = first; bet <= last; ++bet) leaves[static_cast<std::size_t>(bet)] = when;
+  };
+  set(Bet::DontCome4, Bet::DontCome10Odds, Leaves::Always);
+  set(Bet::Come4, Bet::Come10, Leaves::WithoutPutBets);
+  set(Bet::Come4Odds, Bet::Come10Odds, Leaves::WithFlat);
+  for (const BetId odds : {Bet::PassLineOdds, Bet::DontPassOdds}) set(odds, odds, Leaves::Always);
+  for (const BetId box : {Bet::Come, Bet::DontCome}) set(box, box, Leaves::OnSeven);
+  return leaves;
+}();
+
 bool ComesDown(const Game& g, BetId bet) {
-  if (bet == Bet::Come || bet == Bet::DontCome) return g.DiceTotal == 7;
-  if (bet == Bet::PassLineOdds || bet == Bet::DontPassOdds) return true;
-  if (IsDontComeNumber(bet) || IsDontComeOdds(bet)) return true;
-  if (IsComeNumber(bet)) return !g.Rules.AllowPutBets;
-  if (IsComeOdds(bet)) return g.BetAmount[FlatOf(bet)] == Money();
+  const Leaves leaves = kLeaves[static_cast<std::size_t>(bet)];
+  if (leaves == Leaves::Never) return false;
+  switch (leaves) {
+    case Leaves::Always:
+      return true;
+    case Leaves::OnSeven:
+      return g.DiceTotal == 7;
+    case Leaves::WithoutPutBets:
+      return !g.Rules.AllowPutBets;
+    case Leaves::WithFlat:
+      return g.BetAmount[FlatOf(bet)] == Money();
+    case Leaves::Never:
+      break;
+  }
   return false;
 }
+
+constexpr std::string_view kPush = "Push";
+constexpr std::string_view kWinner = "* * * Winner * * *";
 
 void CountStreak(Game& g, BetId bet, bool won) {
   std::int32_t& streak = g.BetStreak[bet][1];
@@ -58,7 +86,7 @@ void ResolveWorkingBet(Game& g, int outcome, BetId bet) {
   g.BetMustComeDown = ComesDown(g, bet);
   if (g.PayoffNet != Money()) CountStreak(g, bet, g.PayoffNet > Money());
   if (g.PayoffNet < Money()) return SettleLostBet(g);
-  SettleWonBet(g, g.PayoffNet == Money() ? "Push" : "* * * Winner * * *");
+  SettleWonBet(g, g.PayoffNet == Money() ? kPush : kWinner);
 }
 
 // The flat bet was decided and its odds were not working: they go back to the player.

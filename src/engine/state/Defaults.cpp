@@ -54,18 +54,18 @@ MatrixTable DefaultProbabilityMatrix() {
 }
 
 int FieldIndex(int die1, int die2) {
-  // Row: smaller die, column: larger die.
-  static constexpr int kIndex[7][7] = {
+  // By either die.
+  static constexpr std::int8_t kIndex[7][7] = {
       {},
       {0, 1, 2, 3, 5, 7, 10},
-      {0, 0, 4, 6, 8, 11, 13},
-      {0, 0, 0, 9, 12, 14, 16},
-      {0, 0, 0, 0, 15, 17, 18},
-      {0, 0, 0, 0, 0, 19, 20},
-      {0, 0, 0, 0, 0, 0, 21},
+      {0, 2, 4, 6, 8, 11, 13},
+      {0, 3, 6, 9, 12, 14, 16},
+      {0, 5, 8, 12, 15, 17, 18},
+      {0, 7, 11, 14, 17, 19, 20},
+      {0, 10, 13, 16, 18, 20, 21},
   };
-  const auto [low, high] = std::minmax(die1, die2);
-  return low < 1 || high > 6 ? 0 : kIndex[low][high];
+  const bool arePair = die1 >= 0 && die1 <= 6 && die2 >= 0 && die2 <= 6;
+  return arePair ? kIndex[die1][die2] : 0;
 }
 
 void RestoreDefaultPayoffs(Game& g) {
