@@ -40,8 +40,15 @@ Source SourceOfRoll(const Game& g) {
   }
 }
 
-std::int32_t MersenneFace(MersenneState& state) {
-  return NextBelow(state, 6) + 1;
+[[gnu::noinline]] void DrawAcrossBlocks(Game& g, MersenneState& state) {
+  g.Die1 = NextBelow(state, 6) + 1;
+  g.Die2 = NextBelow(state, 6) + 1;
+}
+
+void DrawMersenne(Game& g, MersenneState& state) {
+  if (WordsLeft(state) < 2) return DrawAcrossBlocks(g, state);
+  g.Die1 = WordBelow(NextWordOfBlock(state), 6) + 1;
+  g.Die2 = WordBelow(NextWordOfBlock(state), 6) + 1;
 }
 
 // Meant: without a clamp, so a value of exactly 1.0 from Ran1 is a face of 7.
@@ -54,37 +61,33 @@ std::int32_t MatrixValue(float value) {
   return static_cast<std::int32_t>(std::nearbyint(double{value} * kMatrixRange)) + 1;
 }
 
+// The rarer generators, apart from the dice of most rolls.
+[[gnu::noinline]] void DrawOther(Game& g, Source source) {
+  std::int32_t step = 1;
+  if (source == Source::MersenneSingleCall) {
+    const std::int32_t pair = NextBelow(g.Mersenne, 36);
+    g.Die1 = pair % 6 + 1;
+    g.Die2 = pair / 6 + 1;
+  } else if (source == Source::Congruential) {
+    g.Die1 = SeededRandomInt(g, 6);
+    g.Die2 = SeededRandomInt(g, 6);
+  } else {
+    const auto next = source == Source::Ran1 ? Ran1 : Ran2;
+    g.Die1 = Face(next(g, step));
+    g.Die2 = Face(next(g, step));
+  }
+}
+
 }  // namespace
 
 void DrawDice(Game& g) {
-  std::int32_t step = 1;
-  switch (SourceOfRoll(g)) {
+  switch (const Source source = SourceOfRoll(g)) {
     case Source::Mersenne:
-      g.Die1 = MersenneFace(g.Mersenne);
-      g.Die2 = MersenneFace(g.Mersenne);
-      break;
-    case Source::MersenneSingleCall: {
-      const std::int32_t pair = NextBelow(g.Mersenne, 36);
-      g.Die1 = pair % 6 + 1;
-      g.Die2 = pair / 6 + 1;
-      break;
-    }
+      return DrawMersenne(g, g.Mersenne);
     case Source::SecondMersenne:
-      g.Die1 = MersenneFace(g.SecondMersenne);
-      g.Die2 = MersenneFace(g.SecondMersenne);
-      break;
-    case Source::Congruential:
-      g.Die1 = SeededRandomInt(g, 6);
-      g.Die2 = SeededRandomInt(g, 6);
-      break;
-    case Source::Ran1:
-      g.Die1 = Face(Ran1(g, step));
-      g.Die2 = Face(Ran1(g, step));
-      break;
-    case Source::Ran2:
-      g.Die1 = Face(Ran2(g, step));
-      g.Die2 = Face(Ran2(g, step));
-      break;
+      return DrawMersenne(g, g.SecondMersenne);
+    default:
+      return DrawOther(g, source);
   }
 }
 
@@ -105,6 +108,7 @@ std::int32_t DrawMatrixValue(Game& g) {
 }
 
 void FallBackFromMissingGenerator(DiceTables& g) {
+  if (g.MissingGenerators == 0) return;
   switch (g.RngChoice) {
     case RngCongruential:
     case RngRan2:

@@ -15,9 +15,12 @@ void SeedSecondMersenne(MersenneState& state, std::uint32_t seed);
 // Makes the next 624 words of the state. A state that was never seeded starts as if seeded with 5489.
 void RefillMersenne(MersenneState& state);
 
-// The next 32 random bits.
-inline std::uint32_t NextWord(MersenneState& state) {
-  if (state.next >= static_cast<std::int32_t>(state.words.size())) RefillMersenne(state);
+inline std::int32_t WordsLeft(const MersenneState& state) {
+  return static_cast<std::int32_t>(state.words.size()) - state.next;
+}
+
+// The next 32 random bits of a block that has some left.
+inline std::uint32_t NextWordOfBlock(MersenneState& state) {
   std::uint32_t word = state.words[static_cast<std::size_t>(state.next++)];
   word ^= word >> 11;
   word ^= word << 7 & 0x9d2c5680U;
@@ -25,9 +28,18 @@ inline std::uint32_t NextWord(MersenneState& state) {
   return word ^ word >> 18;
 }
 
-// floor(u * range), exactly, with u the next word over 2^32: 0..range - 1.
+// The next 32 random bits.
+inline std::uint32_t NextWord(MersenneState& state) {
+  if (WordsLeft(state) <= 0) RefillMersenne(state);
+  return NextWordOfBlock(state);
+}
+
+// floor(u * range), exactly, with u the word over 2^32: 0..range - 1.
+inline std::int32_t WordBelow(std::uint32_t word, std::uint32_t range) {
+  return static_cast<std::int32_t>(std::uint64_t{word} * range >> 32);
+}
 inline std::int32_t NextBelow(MersenneState& state, std::uint32_t range) {
-  return static_cast<std::int32_t>(std::uint64_t{NextWord(state)} * range >> 32);
+  return WordBelow(NextWord(state), range);
 }
 
 // ran1 and ran2 of Numerical Recipes, first edition, with their tables and results in single precision. A
