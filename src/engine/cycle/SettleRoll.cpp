@@ -1,6 +1,8 @@
 // The dealer's calls carried out, for the bets that stand.
 #include "engine/cycle/SettleRoll.h"
 
+#include <cassert>
+
 #include "engine/bets/Resolution.h"
 #include "engine/cycle/LogChanges.h"
 #include "engine/cycle/RollCalls.h"
@@ -41,12 +43,11 @@ constexpr BetSet kCounts = [] {
 using Places = IdSet<2>;
 static_assert(kMostCalls <= 128);
 
-// The calls from place `from` on that concern anybody: the counts, and bets that stand.
-Places TurnsFrom(const RollCalls& calls, const BetSet& standing, int from) {
+// The calls that concern anybody: the counts, and bets that stand.
+Places TurnsOf(const RollCalls& calls, const BetSet& standing) {
   Places turns;
   ((standing | kCounts) & calls.Called).ForEach([&](BetId id) {
-    const int place = calls.Place[static_cast<std::size_t>(id)];
-    if (place >= from) turns.Add(place);
+    turns.Add(calls.Place[static_cast<std::size_t>(id)]);
   });
   return turns;
 }
@@ -80,18 +81,14 @@ void CarryOut(Game& g, const RollCall& call) {
 
 void SettleRoll(Game& g) {
   const RollCalls& calls = CallsOf(g.PointBeforeRoll, g.Die1, g.Die2, g.Rules.BarNumber);
-  int next = 0;
-  BetSet standing;
-  do {
-    standing = g.BetsStanding;
-    Places turns = TurnsFrom(calls, standing, next);
-    // A call may put up or take down bets whose turn is still to come.
-    while (!turns.IsEmpty() && g.BetsStanding == standing) {
-      const int place = turns.TakeLowest();
-      CarryOut(g, calls.Calls[static_cast<std::size_t>(place)]);
-      next = place + 1;
-    }
-  } while (g.BetsStanding != standing);
+  Places turns = TurnsOf(calls, g.BetsStanding);
+  while (!turns.IsEmpty()) {
+    const int place = turns.TakeLowest();
+    // Bets that an earlier call has taken down have their turn too: nothing is left there to decide.
+    CarryOut(g, calls.Calls[static_cast<std::size_t>(place)]);
+    // What a call puts up is the bet it decided, or one on a number that had its turn before any bet moves.
+    assert((TurnsOf(calls, g.BetsStanding) - Places::Range(0, place) - turns).IsEmpty());
+  }
 }
 
 void StopAutoRollOnTotal(Game& g) {
