@@ -104,6 +104,30 @@ TEST(RollEvents, TrackedCountersAreCopiedAndReset) {
   EXPECT_EQ(t.g.TrackedRollBase[3], 3) << "other events are left alone";
 }
 
+TEST(RollEvents, AResetInTheRollOfAHitIsKept) {
+  TestTable t;
+  Throw(t.g, 3, 4);
+  for (int roll = 0; roll < 3; ++roll) Throw(t.g, 1, 1);
+  CountPrevRolls(t.g);
+  Throw(t.g, 3, 4);
+  ResetTrackedEvent(t.g, 7);
+  BringUpToDate(t.g);
+  const TrackedEvent tracked = Tracked(t.g, 7);
+  EXPECT_EQ(tracked.Count, 0);
+  EXPECT_EQ(tracked.CountBefore, 0);
+  EXPECT_EQ(tracked.RollsSince, 0);
+  EXPECT_EQ(tracked.RollsSinceBefore, 0);
+  EXPECT_EQ(t.g.TrackedRollBaseBefore[7], 0);
+
+  CountPrevRolls(t.g);
+  Throw(t.g, 1, 1);
+  CountPrevRolls(t.g);
+  Throw(t.g, 3, 4);
+  EXPECT_EQ(t.g.TrackedEventCount[7], 1);
+  EXPECT_EQ(t.g.TrackedRollBase[7], 0);
+  EXPECT_EQ(t.g.TrackedRollBaseBefore[7], 1) << "from the reset on";
+}
+
 TEST(Hands, EndOnlyWithASevenOut) {
   TestTable t;
   Game& g = t.g;
