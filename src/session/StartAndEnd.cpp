@@ -157,8 +157,6 @@ StartedTable StartTable(Game& g, const std::filesystem::path& dataFolder) {
   // Only now, so that a crash of the start itself leaves the newest script too.
   if (std::string failure = SaveActiveScript(g, dataFolder); !failure.empty())
     started.notices.push_back(Failure(std::move(failure), "Auto-Bet"));
-  RefreshBetSets(g);
-  KeepWorkingAfterSettle(g);
   return started;
 }
 

@@ -166,6 +166,28 @@ TEST(GameFile, GoesOnAsIfNeverPutAway) {
   }
 }
 
+TEST(GameFile, AButtonThatLayThereIsNoNews) {
+  TemporaryFolder folder;
+  SavedTable table(folder), loaded(folder);
+  table.Bet(Bet::Place6, 12);
+  CallBet(table.g, Bet::Place6, false);
+  table.Roll(2, 2);
+  table.Save("one.crp");
+  ASSERT_EQ(loaded.Load("one.crp").result, GameFileResult::Loaded);
+  ASSERT_EQ(loaded.g.BetWorking[Bet::Place6], CalledOff);
+  loaded.g.RecordEventsActive = loaded.g.RecordBetChanges = true;
+  const auto newLines = [&] {
+    loaded.log.lines.clear();
+    loaded.Roll(5, 4);
+    std::string text;
+    for (const std::string& line : loaded.log.lines) text += line + "\n";
+    return text;
+  };
+  EXPECT_EQ(newLines().find("called OFF"), std::string::npos);
+  CallBet(loaded.g, Bet::Place6, true);
+  EXPECT_NE(newLines().find("OFF button removed"), std::string::npos);
+}
+
 TEST(GameFile, KeepsFlagsAndTheLooksOfLines) {
   TemporaryFolder folder;
   SavedTable table(folder), loaded(folder);
