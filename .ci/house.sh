@@ -46,14 +46,49 @@ quietly() {
   return "$status"
 }
 
-# build PRESET [TARGET...]: configures if that has not been done, and builds.
-build() {
+# configure PRESET [OPTION...]
+configure() {
+  (cd "$root" && quietly "$root/build/configure-$1.log" cmake --preset "$@")
+}
+
+# make PRESET [TARGET...]
+make() {
   local preset=$1 target targets=()
   shift
   for target in "$@"; do targets+=(--target "$target"); done
-  mkdir -p "$root/build"
-  if [ ! -e "$root/build/$preset/build.ninja" ]; then
-    (cd "$root" && quietly "$root/build/configure-$preset.log" cmake --preset "$preset") || return
-  fi
   (cd "$root" && quietly "$root/build/build-$preset.log" cmake --build --preset "$preset" -j "$(nproc)" "${targets[@]}")
+}
+
+# roll_for_profile: what a long day at the table does: every generator and bettor of the benchmarks, and the examples
+# with everything written down.
+roll_for_profile() {
+  local bin=$root/build/release/bin day=$root/build/release/profile bettor example
+  rm -rf "$day"
+  mkdir -p "$day"
+  "$bin/rollwick_bench" --signature
+  for bettor in 0 1 2 3; do "$bin/rollwick_bench" --run "$bettor" 200000; done
+  for example in "$root"/examples/*.txt; do
+    "$bin/rollwick" run "$example" --data "$day" --quiet --rolls 20000 --seed 1 --bankroll 10000 --set AllowNegBankroll=on \
+      --events "$day/events.log" --record "$day/$(basename "$example" .txt).rol" --save "$day/game.crp"
+  done
+}
+
+# make_by_profile: a release build that has watched its own rolls, once; it stays until build/release is removed.
+make_by_profile() {
+  configure release -DROLLWICK_PROFILE=collect &&
+    make release rollwick rollwick_bench &&
+    quietly "$root/build/profile.log" roll_for_profile &&
+    configure release -DROLLWICK_PROFILE=use &&
+    touch "$root/build/release/profile/done"
+}
+
+# build PRESET [TARGET...]: configures if that has not been done, and builds.
+build() {
+  mkdir -p "$root/build"
+  if [ "$1" = release ]; then
+    [ -e "$root/build/release/profile/done" ] || make_by_profile || return
+  elif [ ! -e "$root/build/$1/build.ninja" ]; then
+    configure "$1" || return
+  fi
+  make "$@"
 }
