@@ -215,9 +215,22 @@ std::optional<SlotRange> FixedTargetsOf(std::int32_t code, std::int32_t index) {
   return group && !group->withoutSixAndEight ? group : std::nullopt;
 }
 
+// Mostly all bets of a group stand as asked, which is told without a branch for each.
+bool AllAreAsAsked(const Game& g, const ScriptStep& step) {
+  if (step.RightFirst == step.RightLast || step.Amount < Money() || !BetsAreCovered(g)) return false;
+  bool areAll = true;
+  for (BetId slot = step.RightFirst; slot <= step.RightLast; ++slot)
+    areAll &= g.Asked[static_cast<std::size_t>(slot)] == step.Amount;
+  return areAll;
+}
+
 void PutUpTyped(Game& g, const ScriptStep& step) {
-  for (BetId slot = step.RightFirst; slot <= step.RightLast; ++slot) {
-    if (!IsCoveredByLine(g, step, slot)) PutUp(g, slot, step.Amount);
+  const Money amount = step.Amount;
+  const BetId last = step.RightLast;
+  if (AllAreAsAsked(g, step)) return;
+  const bool mayBeCovered = step.StaysOffTheLine && g.AutoRemovePlaceBets;
+  for (BetId slot = step.RightFirst; slot <= last; ++slot) {
+    if (!mayBeCovered || !IsCoveredByLine(g, step, slot)) PutUp(g, slot, amount);
   }
 }
 

@@ -138,8 +138,8 @@ std::optional<SlotRange> FixedRangeOf(std::int32_t code, std::int32_t index) {
   }
 }
 
-ConditionResult EvaluateCondition(AutoBetRun& run, const ScriptStep& step) {
-  switch (step.Test) {
+ConditionResult EvaluateCondition(AutoBetRun& run, const ScriptStep& step, std::int16_t test) {
+  switch (test) {
     case TestOneSlot:
       return ResultOf(OneSlotCondition(run.g, step, step.LeftFirst));
     case TestPointBet:

@@ -1,4 +1,5 @@
 // Conditions about the game: its point, rolls and hands, and what the dice have shown.
+#include <algorithm>
 #include <array>
 
 #include "autobet/run/Conditions.h"
@@ -42,11 +43,15 @@ Verdict MissThisRoll(const Game& g) {
   return Both(g.RollCount() > 0 && g.Point == 0 && (craps || (total == 7 && g.PointBeforeRoll > 0)));
 }
 
-// By point 0..10: 0 on the come-out, 1..6 for the six numbers, -1 for what is no point.
-constexpr std::array<int, 11> kPointPlace = {0, -1, -1, -1, 1, 2, 3, -1, 4, 5, 6};
+// By point 0..10: 0 on the come-out, 1..6 for the six numbers, 7 for what is no point.
+constexpr std::array<std::int8_t, 11> kPlaceOfPoint = {0, 7, 7, 7, 1, 2, 3, 7, 4, 5, 6};
 
-bool IsPoint(int point) {
-  return point >= 0 && point <= 10 && kPointPlace[static_cast<std::size_t>(point)] >= 0;
+Verdict GapCondition(const Game& g, const ScriptStep& step, RollEvent event, Money amount) {
+  const TrackedEvent tracked = Tracked(g, event);
+  const Money gap = Dollars(tracked.RollsSince), gapBefore = Dollars(tracked.RollsSinceBefore);
+  if (step.Op == Compare::RolledInLast)
+    return {gap < amount && tracked.Count != 0, gapBefore >= amount || tracked.CountBefore == 0};
+  return {gap >= amount && Dollars(TrackedCounts(g, EventEveryRoll).Count) >= amount, gap == amount};
 }
 
 }  // namespace
@@ -71,12 +76,13 @@ bool IsAboutThrow(std::int32_t leftCode) {
 }
 
 std::int32_t ThrowNow(const Game& g) {
-  if (g.TheLedger.Events.Stage != RollStage::Counted) return -1;
-  const int total = g.DiceTotal - 2;
-  if (!IsPoint(g.Point) || !IsPoint(g.PointBeforeRoll) || total < 0 || total >= kTotals) return -1;
-  const int point = kPointPlace[static_cast<std::size_t>(g.Point)];
-  const int before = kPointPlace[static_cast<std::size_t>(g.PointBeforeRoll)];
-  return ((point * kPointPlaces + before) * kTotals + total) * 2 + (g.PointBeforeLast > 0 ? 1 : 0);
+  const auto point = static_cast<std::uint32_t>(g.Point),
+             before = static_cast<std::uint32_t>(g.PointBeforeRoll);
+  const auto total = static_cast<std::uint32_t>(g.DiceTotal - 2);
+  const bool isThrow = g.TheLedger.Events.Stage == RollStage::Counted && total < kTotals;
+  if (!isThrow || std::max(point, before) >= kPlaceOfPoint.size()) return -1;
+  const int points = kPlaceOfPoint[point] * kPointsOfThrow + kPlaceOfPoint[before];
+  return (points * static_cast<int>(kTotals) + static_cast<int>(total)) * 2 + (g.PointBeforeLast > 0 ? 1 : 0);
 }
 
 Verdict GameCondition(const Game& g, const ScriptStep& step, Money amount) {
@@ -152,10 +158,11 @@ Verdict AvailableBankrollCondition(const Game& g, const ScriptStep& step, Money 
 Verdict OutcomeCondition(const Game& g, const ScriptStep& step, Money amount) {
   const RollEvent event = step.LeftCode - Item::FirstOutcome;
   if (event >= kRollEventCount) return {};
-  const TrackedEvent tracked = Tracked(g, event);
-  const Money count = Dollars(tracked.Count), before = Dollars(tracked.CountBefore);
-  const Money gap = Dollars(tracked.RollsSince), gapBefore = Dollars(tracked.RollsSinceBefore);
-  const bool none = count == Money();
+  if (step.Op == Compare::RolledInLast || step.Op == Compare::NotRolledInLast)
+    return GapCondition(g, step, event, amount);
+  const EventCounts counts = TrackedCounts(g, event);
+  const Money count = Dollars(counts.Count), before = Dollars(counts.CountBefore);
+  const bool none = counts.Count == 0;
   switch (step.Op) {
     case Compare::HasRolled:
       if (amount == Money()) return {count > before, true};
@@ -167,10 +174,6 @@ Verdict OutcomeCondition(const Game& g, const ScriptStep& step, Money amount) {
       return {count != amount, before == amount || none};
     case Compare::HasRolledLess:
       return {count < amount, before >= amount || none};
-    case Compare::RolledInLast:
-      return {gap < amount && !none, gapBefore >= amount || before == Money()};
-    case Compare::NotRolledInLast:
-      return {gap >= amount && Dollars(Tracked(g, EventEveryRoll).Count) >= amount, gap == amount};
     default:
       return {};
   }

@@ -29,8 +29,7 @@ struct AutoBetRun : ScriptState {
   std::int32_t groupCount = 0;
   Money groupBase;  // the bet as it stood before the first of them
 
-  std::string message;  // gathered from adjacent message lines
-  std::int32_t linesSincePump = 0;
+  std::string message;          // gathered from adjacent message lines
   std::uint32_t startedAt = 0;  // of the clock; the pause for eyes counts from here
   std::string error;            // why the line cannot be carried out, with its number; ends the run
 };
@@ -92,6 +91,8 @@ enum ConditionTest : std::int16_t {
   TestFlags,
   TestAvailable,
 };
+// What a run does at a stop: a ConditionTest, or one of these.
+enum StopTest : std::int16_t { StopAtEnd = -1, StopAtBet = -2, StopAtAction = -3 };
 ConditionTest TestOf(ScriptStep& step);
 
 // Which of its slots an item means: just the one, any, all, or their sum.
@@ -139,7 +140,8 @@ bool StaysOffTheLine(std::int32_t target);
 
 // What comes of a condition line.
 enum ConditionResult : std::int8_t { ConditionFalse, ConditionTrue, ConditionNew };
-ConditionResult EvaluateCondition(AutoBetRun& run, const ScriptStep& step);
+// `test` is the step's.
+ConditionResult EvaluateCondition(AutoBetRun& run, const ScriptStep& step, std::int16_t test);
 
 // Carries an action line out on each of its targets.
 void ExecuteAction(AutoBetRun& run, const ScriptStep& step);

@@ -1,6 +1,8 @@
 // The walk over the script: from each condition and action to the next one.
 #include "autobet/run/RunAutoBet.h"
 
+#include <algorithm>
+
 #include "autobet/model/Codes.h"
 #include "autobet/run/Conditions.h"
 #include "autobet/run/Output.h"
@@ -19,8 +21,7 @@ constexpr std::uint32_t kPauseMilliseconds = 300;
 
 constexpr std::string_view kReturned =
     "A \"Return\" statement has caused a jump back to this \"GoSub\" statement.  Processing will resume with "
-    "the "
-    "next line in order.";
+    "the next line in order.";
 constexpr std::string_view kReturnIgnored =
     "This statement will be ignored since it was not encountered as a result of a \"GoSub\" statement.  "
     "Processing will resume with the next line in order.";
@@ -40,17 +41,14 @@ void TakeAction(AutoBetRun& run, const ScriptStep& step) {
 
 // ---- The walk.
 
-// Counts lines visited; lets the world act every so often, the only guard against a script that goes round
-// for ever. False when that stopped the run.
-bool CountLines(AutoBetRun& run, std::int32_t lines) {
-  run.linesSincePump += lines;
-  if (run.linesSincePump < kLinesPerPump) return true;
-  run.linesSincePump = 0;
-  if (!run.g.TheHost->EventsAreDue()) return true;
-  BringUpToDate(run.g);
-  run.g.TheHost->PumpEvents(run.g);
-  StartCounting(run.g);
-  return run.g.AutoBetRunning;
+// Lets the world act every so many lines, the only guard against a script that goes round for ever. False
+// when that stopped the run.
+[[gnu::noinline]] bool LetTheWorldAct(Game& g) {
+  if (!g.TheHost->EventsAreDue()) return true;
+  BringUpToDate(g);
+  g.TheHost->PumpEvents(g);
+  StartCounting(g);
+  return g.AutoBetRunning;
 }
 
 const ScriptStep& StepAt(const Game& g, std::int32_t line) {
@@ -82,11 +80,18 @@ std::int32_t WalkToStop(AutoBetRun& run, std::int32_t line) {
     const bool isPassed = IsPassedOver(run, step.Kind);
     if (!isPassed && IsStop(run, step)) return line;
     g.CurrentLine = line;
-    if (!isPassed && step.Kind == KindCondition) TakeResult(run, EvaluateCondition(run, step));
+    if (!isPassed && step.Kind == KindCondition) TakeResult(run, EvaluateCondition(run, step, step.Test));
     if (!isPassed) VisitLine(run, step);
     line = isPassed ? step.Past : step.Next;
   }
   return line;
+}
+
+std::int16_t TestAtStop(const Game& g, std::int32_t line) {
+  if (line > std::ssize(g.ScriptProgram)) return StopAtEnd;
+  const ScriptStep& step = StepAt(g, line);
+  if (step.Kind == KindCondition) return step.Test;
+  return step.IsTypedBet ? StopAtBet : StopAtAction;
 }
 
 // The stop at this line in the run's state.
@@ -99,7 +104,7 @@ std::int32_t FindStop(AutoBetRun& run, std::int32_t line) {
   key = key * 128 + static_cast<std::uint64_t>(run.xorMode);
   const auto [place, isNew] =
       g.ScriptStopPlaces.try_emplace(key, static_cast<std::int32_t>(g.ScriptStops.size()));
-  if (isNew) g.ScriptStops.push_back({line, line > std::ssize(g.ScriptProgram), run});
+  if (isNew) g.ScriptStops.push_back({line, run});
   return place->second;
 }
 
@@ -126,7 +131,8 @@ ScriptWay FindWay(AutoBetRun& run, std::int32_t line) {
   }
   const std::int32_t stopLine = WalkToStop(run, from);
   const std::int32_t behind = stopLine < end ? StepAt(g, stopLine).Next : end;
-  return {FindStop(run, stopLine), lines + behind - from};
+  lines = std::min(lines + behind - from, kLinesPerPump);  // more would let the world in no sooner
+  return {FindStop(run, stopLine), static_cast<std::int16_t>(lines), TestAtStop(g, stopLine)};
 }
 
 ScriptWay KnownWay(const AutoBetRun& run, std::int32_t stop, std::size_t outcome) {
@@ -157,45 +163,72 @@ ScriptWays* WaysOnThrow(AutoBetRun& run) {
   return TakeNewWay(run, stop, static_cast<std::size_t>(result));
 }
 
-ScriptWay PassCondition(AutoBetRun& run, std::int32_t stop, const ScriptStep& step) {
-  const ConditionResult result = EvaluateCondition(run, step);
-  const ScriptWay way = KnownWay(run, stop, static_cast<std::size_t>(result));
-  if (way.Stop < 0 || run.g.StepTraceOn || !run.error.empty()) return GoOnAnew(run, stop, result);
+// The way on with this result by branches that stay branches, so that the processor goes on by its guess
+// while it still tests the condition: a walk waits for nothing then.
+ScriptWay WayByGuess(const ScriptWays& ways, ConditionResult result) {
+  if (result == ConditionFalse) {
+    ScriptWay way = ways[ConditionFalse];
+    asm volatile("" : "+r"(way.Stop));
+    return way;
+  }
+  if (result == ConditionTrue) {
+    ScriptWay way = ways[ConditionTrue];
+    asm volatile("" : "+r"(way.Stop));
+    return way;
+  }
+  return ways[ConditionNew];
+}
+
+ScriptWay PassCondition(AutoBetRun& run, std::int32_t stop, const ScriptStep& step, std::int16_t test) {
+  const ConditionResult result = EvaluateCondition(run, step, test);
+  const ScriptWay way = WayByGuess(run.ways[stop], result);
+  if (way.Stop < 0 || IsTraced(run.g) || !run.error.empty()) return GoOnAnew(run, stop, result);
   return way;
 }
 
-// Most actions only put up bets, which in Hyper-Drive nobody can interfere with.
-bool IsPlainBet(const AutoBetRun& run, const ScriptStep& step) {
-  return step.IsTypedBet && run.g.HyperDriveActive;
+ScriptWay PassBet(AutoBetRun& run, std::int32_t stop, const ScriptStep& step) {
+  PutUpTyped(run.g, step);
+  const ScriptWay way = KnownWay(run, stop, 0);
+  return way.Stop >= 0 ? way : TakeNewWay(run, stop, 0);
 }
 
 ScriptWay PassAction(AutoBetRun& run, std::int32_t stop, const ScriptStep& step) {
-  if (IsPlainBet(run, step)) {
-    PutUpTyped(run.g, step);
-    const ScriptWay way = KnownWay(run, stop, 0);
-    return way.Stop >= 0 ? way : TakeNewWay(run, stop, 0);
-  }
   TakeAction(run, step);
   if (!run.error.empty() || !run.g.AutoBetRunning) return {};
   const std::size_t outcome = run.jumpTo != 0 ? 1 : 0;
   ScriptWay way = KnownWay(run, stop, outcome);
-  if (way.Stop < 0 || run.returnPending || run.g.StepTraceOn) way = TakeNewWay(run, stop, outcome);
+  if (way.Stop < 0 || run.returnPending || IsTraced(run.g)) way = TakeNewWay(run, stop, outcome);
   run.jumpTo = 0;
   return way;
+}
+
+// What comes of the stop that a way leads to, and the way on from there.
+ScriptWay PassStop(AutoBetRun& run, const ScriptWay& way) {
+  Game& g = run.g;
+  const ScriptStop& stop = StopAt(g, way.Stop);
+  static_cast<ScriptState&>(run) = stop.State;
+  g.CurrentLine = stop.Line;
+  const ScriptStep& step = StepAt(g, stop.Line);
+  if (way.Test >= 0) return PassCondition(run, way.Stop, step, way.Test);
+  // In Hyper-Drive nobody can interfere with a typed bet.
+  if (way.Test == StopAtBet && g.HyperDriveActive) return PassBet(run, way.Stop, step);
+  return PassAction(run, way.Stop, step);
 }
 
 // Every line is visited anew while the steps are shown.
 void Walk(AutoBetRun& run) {
   Game& g = run.g;
   ScriptWay way = KnownWay(run, 0, 0);
-  if (way.Stop < 0 || g.StepTraceOn) way = TakeNewWay(run, 0, 0);
-  while (way.Stop >= 0 && CountLines(run, way.Lines)) {
-    const ScriptStop& stop = StopAt(g, way.Stop);
-    if (stop.IsEnd) return;
-    static_cast<ScriptState&>(run) = stop.State;
-    g.CurrentLine = stop.Line;
-    const ScriptStep& step = StepAt(g, stop.Line);
-    way = step.Kind == KindCondition ? PassCondition(run, way.Stop, step) : PassAction(run, way.Stop, step);
+  if (way.Stop < 0 || IsTraced(g)) way = TakeNewWay(run, 0, 0);
+  std::int32_t lines = 0;
+  while (way.Stop >= 0) {
+    lines += way.Lines;
+    if (lines >= kLinesPerPump) {
+      lines = 0;
+      if (!LetTheWorldAct(g)) return;
+    }
+    if (way.Test == StopAtEnd) return;
+    way = PassStop(run, way);
   }
 }
 

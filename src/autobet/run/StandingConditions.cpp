@@ -118,7 +118,7 @@ Verdict DecidedCondition(AutoBetRun& run, const ScriptStep& step) {
   return IsInOneWord(step) ? JudgeDecided<std::uint64_t>(run.g, step) : JudgeDecided<SlotBits>(run.g, step);
 }
 
-Verdict BetCountCondition(const Game& g, const ScriptStep& step) {
+[[gnu::noinline]] Verdict BetCountCondition(const Game& g, const ScriptStep& step) {
   return CompareCounts(step, step.Amount, CountOf(g.BetsStanding & step.LeftBets),
                        CountOf(g.BetsAtEnd & step.LeftBets));
 }

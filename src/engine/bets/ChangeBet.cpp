@@ -132,6 +132,11 @@ Money ChangeToTakeOff(const Game& g, BetId bet) {
   return (IsContractBet(g, bet) ? g.BetContract[bet] : Money()) - g.BetAmount[bet];
 }
 
+// What no contract holds may come off whole, whatever the house's limits are.
+bool IsTakenOffWhole(const Game& g, BetId bet) {
+  return g.BetDelta < Money() && g.BetDelta == -g.BetAmount[bet] && g.BetDelta == ChangeToTakeOff(g, bet);
+}
+
 void SetMessage(Game& g, std::string_view text, Money limit) {
   if (!g.HyperDriveActive) g.BetMessage = FormatMoney(limit, text);
 }
@@ -335,6 +340,7 @@ void ChangeBet(Game& g, BetId bet) {
     g.BetDeltaApplied = Money();
     return;
   }
+  if (IsTakenOffWhole(g, bet)) return MakeChange(g, bet);
   if (g.HyperDriveActive) return ChangeAsKnown(g, bet);
   std::string messageBeforeAdjust;
   if (FitToRules(g, bet, messageBeforeAdjust) == Ruling::Leave) return;

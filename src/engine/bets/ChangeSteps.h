@@ -27,7 +27,7 @@ void HoldBankroll(Game& g, BetId bet, const std::string& messageBeforeAdjust);
 void RefreshVigOf(Game& g, BetId bet);
 
 // Makes the change: amount, TotalBets, button and vig.
-inline void MakeChange(Game& g, BetId bet) {
+[[gnu::always_inline]] inline void MakeChange(Game& g, BetId bet) {
   g.TableDirty = true;
   const bool hasVig = BearingOn(bet).hasVig;
   if (g.BetDeltaApplied == Money() && g.BetAmount[bet] != Money() && !hasVig) return;

@@ -61,6 +61,14 @@ Money Pays(Money stake, const PayoffRow& row) {
   return Quotient(Product(stake, row.Ratio), row.Base);
 }
 
+// The same, mostly the payment that the bet got before.
+Money PaysAsBefore(KnownPayment& known, Money stake, const PayoffRow& row) {
+  if (row.Base == Dollars(1)) return Pays(stake, row);
+  if (known.Stake != stake || known.Ratio != row.Ratio || known.Base != row.Base)
+    known = {stake, row.Ratio, row.Base, Pays(stake, row)};
+  return known.Pays;
+}
+
 // The winning part pays, the others are lost; one expression, rounded once.
 Money SplitPays(Money stake, int ways, const PayoffRow& row) {
   const double part = stake.ToDouble() / ways;
@@ -69,6 +77,7 @@ Money SplitPays(Money stake, int ways, const PayoffRow& row) {
 }
 
 Money ToWholeChips(Money exact, Money chip) {
+  if (chip == Dollars(1)) return WholeDollarsBelow(exact);
   if (chip == Dollars(1)) return WholeDollarsBelow(exact);
   return Product(WholeDollarsBelow(Quotient(exact, chip)), chip);
 }
@@ -113,7 +122,7 @@ void ComputePayoff(Game& g, bool useRealVig, BetId bet, int outcome, Money stake
     g.PayoffExact = SplitPays(stake, split.ways, used);
   } else {
     used = PayingRow(g, bet);
-    g.PayoffExact = Pays(stake, used);
+    g.PayoffExact = PaysAsBefore(g.TheLedger.Payments[static_cast<std::size_t>(bet)], stake, used);
   }
   g.PayoffExact -= VigOnDecision(g, useRealVig ? ActualWagers : PhantomWagers, bet, g.PayoffExact);
   g.PayoffNet = ToWholeChips(g.PayoffExact, LowestChip(g));

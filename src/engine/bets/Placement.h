@@ -19,11 +19,14 @@ void OverwriteAmount(Game& g, BetId slot, Money amount);
 
 // Empties the slot so and asks the rules for `amount` on it, and for the odds that follow.
 void PutUpAfresh(Game& g, BetId slot, Money amount);
+// Whether the bankroll covers all bets, as far as the house asks for that.
+inline bool BetsAreCovered(const BetTables& g) {
+  return g.Rules.AllowNegBankroll || AvailableBankroll(g) >= Money();
+}
 // The same, but what is known to stand just as it would then is left alone.
 inline void PutUp(Game& g, BetId slot, Money amount) {
   const bool isKnown = amount >= Money() && g.Asked[static_cast<std::size_t>(slot)] == amount;
-  const bool isCovered = g.Rules.AllowNegBankroll || AvailableBankroll(g) >= Money();
-  if (!isKnown || !isCovered) PutUpAfresh(g, slot, amount);
+  if (!isKnown || !BetsAreCovered(g)) PutUpAfresh(g, slot, amount);
 }
 
 // The point has moved: what is known of bets that depend on it holds no more.

@@ -93,7 +93,7 @@ inline constexpr auto kOddsBehind = [] {
 inline constexpr Money kNotAsked = Money::FromUnits(-1);
 
 // Writes the amount of a slot, as everybody does while the dice roll.
-inline void SetAmount(BetTables& g, BetId slot, Money amount) {
+[[gnu::always_inline]] inline void SetAmount(BetTables& g, BetId slot, Money amount) {
   const auto place = static_cast<std::size_t>(slot);
   g.BetAmount[place] = amount;
   g.ChangedSinceThrow.Set(slot);

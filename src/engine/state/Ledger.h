@@ -7,7 +7,6 @@
 
 #include "engine/state/BetSet.h"
 #include "engine/state/BetTables.h"
-#include "engine/state/ScriptTables.h"
 #include "engine/state/StatisticsTables.h"
 
 namespace rollwick {
@@ -36,7 +35,8 @@ struct EventMarks {
 // bets in action and the numbers that phantom Come and Don't Come bets have travelled to. So rolls are
 // counted by these, and decisions only when they are read.
 
-inline constexpr int kFaces = 7;  // a generator can deliver a 7
+inline constexpr int kPointPlaces = 7;  // the come-out and the six numbers
+inline constexpr int kFaces = 7;        // a generator can deliver a 7
 inline constexpr int kLineCells = kPointPlaces * kFaces * kFaces;
 // A number, which of its four phantom bets are there, and whether it was rolled or a seven.
 inline constexpr int kPresences = 16;
@@ -68,7 +68,7 @@ struct PhantomPrice {
 
 inline constexpr int kMostPrices = 512;      // some 230 come up
 inline constexpr int kMostDecisions = 64;    // of one roll
-inline constexpr int kMostActionCells = 16;  // the come-out's, the point's, and odds returned on the come-out
+inline constexpr int kMostActionCells = 64;  // the come-out's, the point's, and odds returned on the come-out
 inline constexpr std::int32_t kNotPriced = -1;  // of a cell whose decisions are not known yet
 
 // Indexes into Prices.
@@ -96,8 +96,7 @@ struct PhantomLedger {
 
 // A request, with all that can differ between two equal ones.
 struct ChangeRequest {
-  std::uint64_t Circumstances =
-      0;  // the rules and what else is no amount; never 0 of a request that was made
+  std::uint64_t Circumstances = 0;  // the rules and all that is no amount; 0: no request was made
   Money Amount;
   Money Delta;
   Money Tie;  // the contract of contract bets, the flat bet of odds
@@ -113,8 +112,8 @@ struct KnownChange {
   Money BetMax;
 };
 
-inline constexpr int kKnownChangesShift = 59;     // the top bits of a hash choose the place
-inline constexpr std::size_t kKnownChanges = 32;  // places of a bet: put up, kept, taken down, on each point
+inline constexpr int kKnownChangesShift = 58;     // the top bits of a hash choose the place
+inline constexpr std::size_t kKnownChanges = 64;  // places of a bet: put up, kept, taken down, on each point
 
 // The most that may stand on odds behind a flat bet.
 struct KnownMaximum {
@@ -125,6 +124,14 @@ struct KnownMaximum {
 };
 
 inline constexpr std::size_t kKnownMaxima = 8;  // of odds: behind no bet, off the lines, on each point
+
+// What a stake is paid at a ratio; follows from these alone.
+struct KnownPayment {
+  Money Stake;
+  Money Ratio;
+  Money Base;
+  Money Pays;
+};
 
 // What prices and known changes follow from; when it changes they are worked out anew.
 struct RulesInForce {
@@ -145,6 +152,7 @@ struct Ledger {
   // Two to a place, the latest first.
   std::array<std::array<std::array<KnownChange, 2>, kKnownChanges>, kBetCount + 1> Changes{};
   std::array<std::array<KnownMaximum, kKnownMaxima>, kBetCount + 1> Maxima{};
+  std::array<KnownPayment, kBetCount + 1> Payments{};
 };
 
 }  // namespace rollwick

@@ -88,11 +88,11 @@ struct ScriptStep {
   Money Amount;
 };
 
-inline constexpr int kTotals = 13;      // 2..14: a generator can deliver a 7
-inline constexpr int kPointPlaces = 7;  // the come-out and the six numbers
 // Throws that differ in the point before or after them, their total, or whether a point was on before the
 // last.
-inline constexpr int kThrows = kPointPlaces * kPointPlaces * kTotals * 2;
+inline constexpr std::uint32_t kTotals = 13;  // 2..14: a generator can deliver a 7
+inline constexpr int kPointsOfThrow = 8;      // the come-out, the six numbers, and what is no point
+inline constexpr std::size_t kThrows = kPointsOfThrow * kPointsOfThrow * kTotals * 2;
 
 // What the conditions of a run have come to, between two lines.
 struct ScriptState {
@@ -109,7 +109,6 @@ struct ScriptState {
 // line 1; the line behind the last one is the end.
 struct ScriptStop {
   std::int32_t Line = 0;
-  bool IsEnd = false;
   ScriptState State;
 };
 
@@ -118,7 +117,8 @@ struct ScriptStop {
 // the script changes. Stop is -1 until it was walked.
 struct ScriptWay {
   std::int32_t Stop = -1;
-  std::int32_t Lines = 0;
+  std::int16_t Lines = 0;
+  std::int16_t Test = 0;  // StopTest of the stop it leads to, known before that is looked at
 };
 
 // The ways on from a stop, by what comes of it: a condition that is false, true, or true and new; an action

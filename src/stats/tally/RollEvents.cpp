@@ -95,13 +95,6 @@ void TallyEvent(Game& g, std::size_t event, std::int32_t now) {
   ++marks.Count[event];
 }
 
-// Events 0 and 1 are tracked on every roll.
-std::int32_t TrackedCount(const Game& g, RollEvent event) {
-  const EventMarks& events = g.TheLedger.Events;
-  return (event <= EventTrackedRolls ? g.RollCount() : events.Count[event]) +
-         events.TrackedStarts[event].Offset;
-}
-
 // The last tracked hit when the event had come `count` times, the last time at `hit`.
 std::int32_t TrackedHit(const TrackedStart& start, std::int32_t count, std::int32_t hit) {
   return count <= start.Count ? start.Roll : hit;
@@ -118,7 +111,7 @@ void StartEventMarks(Game& g) {
     events.Hit[event] = events.HitBefore[event] = hit;
     events.Count[event] = count;
     events.TrackedStarts[event] = {now - g.TrackedRollBase[event], count, 0};
-    events.TrackedStarts[event].Offset = g.TrackedEventCount[event] - TrackedCount(g, event);
+    events.TrackedStarts[event].Offset = g.TrackedEventCount[event] - CountOf(g, event);
   }
 }
 
@@ -140,24 +133,19 @@ std::int32_t RollsSince(const Game& g, RollEvent event) {
 
 TrackedEvent Tracked(const Game& g, RollEvent event) {
   const EventMarks& events = g.TheLedger.Events;
-  if (events.Stage == RollStage::None) {
-    return {g.TrackedEventCount[event], g.TrackedEventCountBefore[event], g.TrackedRollBase[event],
-            g.TrackedRollBaseBefore[event]};
-  }
+  const EventCounts counts = TrackedCounts(g, event);
+  if (events.Stage == RollStage::None)
+    return {counts, g.TrackedRollBase[event], g.TrackedRollBaseBefore[event]};
   const TrackedStart& start = events.TrackedStarts[event];
   const std::int32_t now = g.RollCount();
-  const std::int32_t count = TrackedCount(g, event);
   const std::int32_t last = TrackedHit(start, events.Count[event], events.Hit[event]);
   // The rolls-since counter of the event that is every roll is not used.
   const std::int32_t rolls = event == EventEveryRoll ? g.TrackedRollBase[event] : now - last;
-  if (events.Stage == RollStage::Begun) return {count, count, rolls, rolls};
-  const bool isHit = event <= EventTrackedRolls || events.Hit[event] == now;
+  if (events.Stage == RollStage::Begun || event == EventEveryRoll) return {counts, rolls, rolls};
   const std::int32_t lastBefore =
       events.Hit[event] == now ? TrackedHit(start, events.Count[event] - 1, events.HitBefore[event]) : last;
-  const std::int32_t rollsBefore = now - 1 - lastBefore;
   // Reset in this very roll, both stand at 0.
-  return {count, std::max(count - (isHit ? 1 : 0), 0), rolls,
-          event == EventEveryRoll ? rolls : std::max(rollsBefore, 0)};
+  return {counts, rolls, std::max(now - 1 - lastBefore, 0)};
 }
 
 void EnterEvents(Game& g) {

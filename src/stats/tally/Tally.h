@@ -1,6 +1,8 @@
 // Counters of rolls, bets, hands and the bankroll: every update is an increment or a copy.
 #pragma once
 
+#include <algorithm>
+
 #include "engine/state/Game.h"
 
 namespace rollwick {
@@ -19,10 +21,27 @@ void TallyRoll(Game& g);
 // RollsSinceEvent of `event` (0..90), up to date in a run too.
 std::int32_t RollsSince(const Game& g, RollEvent event);
 
-// The tracked counters of `event` (0..90), now and before this roll, up to date in a run too.
-struct TrackedEvent {
+// How often `event` (0..90) has come by the tracked counters, now and before this roll, up to date in a run
+// too.
+struct EventCounts {
   std::int32_t Count = 0;
   std::int32_t CountBefore = 0;
+};
+// Events 0 and 1 are counted by every roll.
+inline std::int32_t CountOf(const Game& g, RollEvent event) {
+  return event <= EventTrackedRolls ? g.RollCount() : g.TheLedger.Events.Count[event];
+}
+inline EventCounts TrackedCounts(const Game& g, RollEvent event) {
+  const EventMarks& events = g.TheLedger.Events;
+  if (events.Stage == RollStage::None) return {g.TrackedEventCount[event], g.TrackedEventCountBefore[event]};
+  const std::int32_t count = CountOf(g, event) + events.TrackedStarts[event].Offset;
+  if (events.Stage == RollStage::Begun) return {count, count};
+  const bool isHit = event <= EventTrackedRolls || events.Hit[event] == g.RollCount();
+  return {count, std::max(count - (isHit ? 1 : 0), 0)};
+}
+
+// All tracked counters of `event`.
+struct TrackedEvent : EventCounts {
   std::int32_t RollsSince = 0;
   std::int32_t RollsSinceBefore = 0;
 };

@@ -28,7 +28,7 @@ std::string Judge(Game& g, const ScriptLine& line, std::int32_t startKind = Kind
   run.blockKind = static_cast<std::int16_t>(startKind);
   g.CurrentLine = 1;
   RefreshBetSets(g);
-  const ConditionResult result = EvaluateCondition(run, g.ScriptProgram[0]);
+  const ConditionResult result = EvaluateCondition(run, g.ScriptProgram[0], g.ScriptProgram[0].Test);
   return run.error.empty() ? Text(result) : run.error;
 }
 
@@ -306,7 +306,7 @@ TEST(Events, OfTheRun) {
     DecodeScript(t.g);
     row.set(t.g);
     AutoBetRun run(t.g);
-    EXPECT_EQ(Text(EvaluateCondition(run, t.g.ScriptProgram[0])), row.result);
+    EXPECT_EQ(Text(EvaluateCondition(run, t.g.ScriptProgram[0], t.g.ScriptProgram[0].Test)), row.result);
   }
 }
 
