@@ -74,6 +74,12 @@ While . . .
           Multiply by 2 on Field
           Return
 end
+When . . .
+          Any Come bet is greater than $ 0
+or when . . .
+          Total Place bets number more than 1
+    then . . .
+          Add $ 1 to Chip-Stack # 2
     Do this . . .
           Bet $ 5 on Field
           Bet $ 5 on Don't Come
