@@ -63,13 +63,11 @@ make() {
 # with everything written down.
 roll_for_profile() {
   local bin=$root/build/release/bin day=$root/build/release/profile bettor example
-  rm -rf "$day"
-  mkdir -p "$day"
-  "$bin/rollwick_bench" --signature
-  for bettor in 0 1 2 3; do "$bin/rollwick_bench" --run "$bettor" 200000; done
+  rm -rf "$day" && mkdir -p "$day" && "$bin/rollwick_bench" --signature || return
+  for bettor in 0 1 2 3; do "$bin/rollwick_bench" --run "$bettor" 200000 || return; done
   for example in "$root"/examples/*.txt; do
     "$bin/rollwick" run "$example" --data "$day" --quiet --rolls 20000 --seed 1 --bankroll 10000 --set AllowNegBankroll=on \
-      --events "$day/events.log" --record "$day/$(basename "$example" .txt).rol" --save "$day/game.crp"
+      --events "$day/events.log" --record "$day/$(basename "$example" .txt).rol" --save "$day/game.crp" || return
   done
 }
 

@@ -41,16 +41,16 @@ if(CMAKE_BUILD_TYPE STREQUAL "Release" AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
                       --param=inline-unit-growth=100 -Wno-stringop-overflow
                       -Wno-alloc-size-larger-than)
   target_link_options(rollwick_in_parts INTERFACE -fno-lto)
-endif()
 
-# What rolls were seen to do tells the compiler which ways through the programs are the frequent ones: `collect` makes
-# programs that note it beside their objects, `use` makes them by it. .ci/house.sh does one after the other. Sources
-# that have changed since are made as without.
-set(ROLLWICK_PROFILE "" CACHE STRING "collect what rolls do, use what was collected, or neither")
-if(ROLLWICK_PROFILE STREQUAL "collect")
-  target_compile_options(rollwick_whole INTERFACE -fprofile-generate)
-  target_link_options(rollwick_whole_program INTERFACE -fprofile-generate)
-elseif(ROLLWICK_PROFILE STREQUAL "use")
-  target_compile_options(rollwick_whole INTERFACE -fprofile-use -fprofile-correction -Wno-missing-profile
-                         -Wno-coverage-mismatch)
+  # What rolls were seen to do tells the compiler which ways through the programs are the frequent ones: `collect`
+  # makes programs that note it beside their objects, `use` makes them by it. .ci/house.sh does one after the other.
+  # Functions whose branches have changed since are made as without.
+  set(ROLLWICK_PROFILE "" CACHE STRING "collect what rolls do, use what was collected, or neither")
+  if(ROLLWICK_PROFILE STREQUAL "collect")
+    target_compile_options(rollwick_whole INTERFACE -fprofile-generate)
+    target_link_options(rollwick_whole_program INTERFACE -fprofile-generate)
+  elseif(ROLLWICK_PROFILE STREQUAL "use")
+    target_compile_options(rollwick_whole INTERFACE -fprofile-use -fprofile-correction -Wno-missing-profile
+                           -Wno-coverage-mismatch)
+  endif()
 endif()
