@@ -201,6 +201,15 @@ void BetInput(AutoBetRun& run, const ScriptStep& step) {
   OnEachTarget(run, step, [&](BetId slot) { PutUp(run.g, slot, *entered); });
 }
 
+// Mostly all bets of a group stand as asked, which is told without a branch for each.
+bool AllAreAsAsked(const Game& g, const ScriptStep& step) {
+  if (step.RightFirst == step.RightLast || step.Amount < Money() || !BetsAreCovered(g)) return false;
+  bool areAll = true;
+  for (BetId slot = step.RightFirst; slot <= step.RightLast; ++slot)
+    areAll &= g.Asked[static_cast<std::size_t>(slot)] == step.Amount;
+  return areAll;
+}
+
 }  // namespace
 
 bool StaysOffTheLine(std::int32_t target) {
@@ -213,15 +222,6 @@ std::optional<SlotRange> FixedTargetsOf(std::int32_t code, std::int32_t index) {
     return SlotRange{SlotChipStack + index, SlotChipStack + index};
   const auto group = GroupOfValue(code);
   return group && !group->withoutSixAndEight ? group : std::nullopt;
-}
-
-// Mostly all bets of a group stand as asked, which is told without a branch for each.
-bool AllAreAsAsked(const Game& g, const ScriptStep& step) {
-  if (step.RightFirst == step.RightLast || step.Amount < Money() || !BetsAreCovered(g)) return false;
-  bool areAll = true;
-  for (BetId slot = step.RightFirst; slot <= step.RightLast; ++slot)
-    areAll &= g.Asked[static_cast<std::size_t>(slot)] == step.Amount;
-  return areAll;
 }
 
 void PutUpTyped(Game& g, const ScriptStep& step) {

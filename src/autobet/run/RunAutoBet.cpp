@@ -259,7 +259,7 @@ void FindThrow(AutoBetRun& run) {
 void RunAutoBet(Game& g) {
   if (g.AutoBetRunning) return;
   if (!g.ScriptIsDecoded) DecodeScript(g);
-  if (!g.RollInProgress) RefreshBetSets(g);
+  if (!g.RollInProgress) StartCounting(g);  // the table may have been changed, or be another one
   if (g.Point != g.PointBeforeRoll) ForgetAnswersOnPoint(g);
   AutoBetRun run(g);
   FindThrow(run);

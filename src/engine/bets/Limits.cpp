@@ -186,7 +186,7 @@ void MaxBetFor(Game& g, BetId bet) {
   } else if (bet >= Bet::Hard4) {
     CapByPayoff(g, row.Ratio.ToDouble() / row.Base.ToDouble());
   }
-  g.BetMax = InWholeChips(g, g.BetMax);
+  g.BetMax = std::max(InWholeChips(g, g.BetMax), Money());  // whatever payoffs a file may hold
 }
 
 }  // namespace rollwick

@@ -78,7 +78,6 @@ Money SplitPays(Money stake, int ways, const PayoffRow& row) {
 
 Money ToWholeChips(Money exact, Money chip) {
   if (chip == Dollars(1)) return WholeDollarsBelow(exact);
-  if (chip == Dollars(1)) return WholeDollarsBelow(exact);
   return Product(WholeDollarsBelow(Quotient(exact, chip)), chip);
 }
 

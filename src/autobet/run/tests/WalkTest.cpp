@@ -7,6 +7,7 @@
 
 #include "autobet/run/RunAutoBet.h"
 #include "autobet/run/tests/ScriptBuilder.h"
+#include "stats/tally/Tally.h"
 #include "support/ScriptedHost.h"
 
 namespace rollwick {
@@ -502,6 +503,23 @@ TEST(RunAutoBet, RunsNothingInsideARun) {
 }
 
 // ---- Runs before the dice roll.
+
+// A script run by hand, or by a hot key, after another game was loaded in place of the one that was rolled.
+TEST(RunAutoBet, ReadsTheTablesOfTheGameThatLies) {
+  TestTable t;
+  const GameTables other = t.g;
+  StartCounting(t.g);
+  for (int roll = 0; roll < 4; ++roll) {
+    CountPrevRolls(t.g);
+    TallyRoll(t.g);  // the seven that lies there from the start
+  }
+  BringUpToDate(t.g);
+  static_cast<GameTables&>(t.g) = other;
+  SetScript(t.g, {While(), If(Item::FirstOutcome + 7, Compare::HasRolledMore, Dollars(2)), Then(),
+                  Do(Verb::Bet, Dollars(5), Bet::Field)});
+  RunAutoBet(t.g);
+  EXPECT_EQ(t.Amount(Bet::Field), Money());
+}
 
 TEST(OfferInitialize, AsksAfterAChange) {
   struct Row {
