@@ -14,15 +14,16 @@ void ChangeBet(Game& g, BetId bet);
 // bet's own.
 void PlaceChips(Game& g, BetId bet);
 
+// Whether the bankroll covers all bets, as far as the house asks for that.
+inline bool BetsAreCovered(const BetTables& g) {
+  return g.Rules.AllowNegBankroll || AvailableBankroll(g) >= Money();
+}
+
 // The slot as it is said to be, without a word to the rules.
 void OverwriteAmount(Game& g, BetId slot, Money amount);
 
 // Empties the slot so and asks the rules for `amount` on it, and for the odds that follow.
 void PutUpAfresh(Game& g, BetId slot, Money amount);
-// Whether the bankroll covers all bets, as far as the house asks for that.
-inline bool BetsAreCovered(const BetTables& g) {
-  return g.Rules.AllowNegBankroll || AvailableBankroll(g) >= Money();
-}
 // The same, but what is known to stand just as it would then is left alone.
 inline void PutUp(Game& g, BetId slot, Money amount) {
   const bool isKnown = amount >= Money() && g.Asked[static_cast<std::size_t>(slot)] == amount;

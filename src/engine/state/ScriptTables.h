@@ -76,12 +76,11 @@ struct ScriptStep {
   std::int16_t LeftLast = -1;
   std::int16_t RightFirst = 0;
   std::int16_t RightLast = -1;
-  std::int16_t Test = 0;        // of a condition what kind of test it is
-  std::int16_t Group = 0;       // of a condition which of its slots the left item means: an ItemGroup
-  std::int16_t Accepts = 0;     // of a comparison the signs of left minus right that it holds for, as bits
-  bool HasTypedAmount = false;  // a condition reads Amount; else the amount is to be found
-  bool IsNegated =
-      false;  // of a condition on bets: it holds for those that do not stand, or were not decided so
+  std::int16_t Test = 0;         // of a condition what kind of test it is
+  std::int16_t Group = 0;        // of a condition which of its slots the left item means: an ItemGroup
+  std::int16_t Accepts = 0;      // of a comparison the signs of left minus right that it holds for, as bits
+  bool HasTypedAmount = false;   // a condition reads Amount; else the amount is to be found
+  bool IsNegated = false;        // of a condition on bets: it holds for the others of the item
   bool StaysOffTheLine = false;  // of an action on Place bets: the number of the line bet is left out
   bool IsTypedBet = false;       // an action that puts a typed amount on slots that are always the same
   BetSet LeftBets;               // the slots left as a set, where they are bets
